@@ -1,0 +1,28 @@
+#include "paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace ksv {
+
+Paths::Paths(QString programDir, QString documentsDir)
+    : programDir_(std::move(programDir)), documentsDir_(std::move(documentsDir)) {}
+
+QString Paths::programDirFor(const QString& executableDir) {
+  QString dir = qEnvironmentVariable("KESTROVANE_HOME");
+  if (dir.isEmpty()) {
+    const QFileInfo exe(executableDir);
+    dir = exe.isDir() && exe.isWritable()
+              ? executableDir
+              : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/kestrovane");
+  }
+  QDir().mkpath(dir);
+  return QDir::cleanPath(QDir(dir).absolutePath());
+}
+
+QString Paths::systemDocumentsDir() { return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation); }
+
+QString Paths::inProgramDir(const QString& fileName) const { return programDir_ + QLatin1Char('/') + fileName; }
+
+}  // namespace ksv

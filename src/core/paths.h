@@ -1,0 +1,42 @@
+#pragma once
+// The places the program works in: its own folder (ini file, notes, heading
+// files, example), the user's documents folder, and the folder of the open
+// planning. Injected, so tests run in temporary folders.
+
+#include <QString>
+
+namespace ksv {
+
+class Paths {
+ public:
+  Paths(QString programDir, QString documentsDir);
+
+  // The program's folder: KESTROVANE_HOME when set and not empty; otherwise
+  // the executable's folder when it is writable; otherwise a per-user data
+  // folder. The folder is created when missing.
+  static QString programDirFor(const QString& executableDir);
+  // The user's documents folder, empty when the system gives none.
+  static QString systemDocumentsDir();
+
+  const QString& programDir() const { return programDir_; }
+  const QString& documentsDir() const { return documentsDir_; }
+  const QString& planningDir() const { return planningDir_; }
+  void setPlanningDir(QString dir) { planningDir_ = std::move(dir); }
+
+  QString inProgramDir(const QString& fileName) const;
+  QString iniFile() const { return inProgramDir(QStringLiteral("Kestrovane.ini")); }
+  QString oldIniFile() const { return inProgramDir(QStringLiteral("Kestrovane_v30.Ini")); }
+  QString notesFile() const { return inProgramDir(QStringLiteral("Ksv_Notes.txt")); }
+  QString remarksTemplate() const { return inProgramDir(QStringLiteral("Ksv_Remarks.txt")); }
+  QString headingRtf() const { return inProgramDir(QStringLiteral("KestrovaneHead.rtf")); }
+  QString headingBmp() const { return inProgramDir(QStringLiteral("KestrovaneHead.bmp")); }
+  QString exampleFile() const { return inProgramDir(QStringLiteral("KestrovaneTry.ksv")); }
+  QString tempPlanning() const { return inProgramDir(QStringLiteral("Temp.ksv")); }
+
+ private:
+  QString programDir_;
+  QString documentsDir_;
+  QString planningDir_;
+};
+
+}  // namespace ksv

@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "core/paths.h"
+
+using ksv::Paths;
+
+TEST(Paths, ProgramFolderRule) {
+  QTemporaryDir tmp;
+  const QString exeDir = tmp.path() + "/bin";
+  QDir().mkpath(exeDir);
+
+  qputenv("KESTROVANE_HOME", "");
+  EXPECT_EQ(Paths::programDirFor(exeDir), QDir(exeDir).absolutePath());  // writable: the executable's folder
+
+  const QString home = tmp.path() + "/home/kestrovane";
+  qputenv("KESTROVANE_HOME", home.toUtf8());
+  EXPECT_EQ(Paths::programDirFor(exeDir), home);  // the override wins, and is created
+  EXPECT_TRUE(QDir(home).exists());
+
+  qputenv("KESTROVANE_HOME", "");
+  QFile::setPermissions(exeDir, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+  if (!QFileInfo(exeDir).isWritable()) {  // root can write anywhere; the rule still holds for users
+    const QString dir = Paths::programDirFor(exeDir);
+    EXPECT_NE(dir, QDir(exeDir).absolutePath());
+    EXPECT_TRUE(dir.endsWith("/kestrovane"));
+  }
+  QFile::setPermissions(exeDir, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+  qunsetenv("KESTROVANE_HOME");
+}
+
+TEST(Paths, FilesOfTheProgramFolder) {
+  const Paths p("/opt/ksv", "/home/u/Documents");
+  EXPECT_EQ(p.iniFile(), "/opt/ksv/Kestrovane.ini");
+  EXPECT_EQ(p.oldIniFile(), "/opt/ksv/Kestrovane_v30.Ini");
+  EXPECT_EQ(p.notesFile(), "/opt/ksv/Ksv_Notes.txt");
+  EXPECT_EQ(p.exampleFile(), "/opt/ksv/KestrovaneTry.ksv");
+  EXPECT_EQ(p.headingRtf(), "/opt/ksv/KestrovaneHead.rtf");
+  EXPECT_EQ(p.tempPlanning(), "/opt/ksv/Temp.ksv");
+  EXPECT_EQ(p.documentsDir(), "/home/u/Documents");
+}
