@@ -14,6 +14,14 @@
 #include "storage/sqlite_db.h"
 #include "storage/stored_queries.h"
 
+// Readable failures for texts.
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QStringList& texts, std::ostream* os) {
+  *os << '{';
+  for (const QString& t : texts) *os << " \"" << t.toStdString() << '"';
+  *os << " }";
+}
+
 namespace ksv::test {
 
 inline QDate day(int y, int m, int d) { return QDate(y, m, d); }
