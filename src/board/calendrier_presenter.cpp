@@ -1,5 +1,7 @@
 #include "calendrier_presenter.h"
 
+#include <algorithm>
+
 namespace ksv {
 
 CalendrierPresenter::CalendrierPresenter(const Clock& clock, const ScreenDescription& screen, const Texts& texts)
@@ -16,6 +18,16 @@ void CalendrierPresenter::OK_Click() {
 void CalendrierPresenter::Cancel_Click() {
   Result = false;
   hidden = true;
+}
+
+void CalendrierPresenter::showBoardRange(const BoardDates& dates, int HPos) {
+  calendar_->SetDateFrom(dates.FirstDate);
+  calendar_->SetDateTo(dates.LastDate);
+  calendar_->SetDate(dates.ViewFirst(HPos));
+}
+
+int CalendrierPresenter::pickedHPos(const BoardDates& dates, int DayNb) const {
+  return std::clamp(dates.hPosOf(GetDate()), 0, dates.hScrollMax(DayNb));
 }
 
 CalendriersPresenter::CalendriersPresenter(const Clock& clock, const ScreenDescription& screen, const Texts& texts,

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "board_dates.h"
 #include "cls_calendar.h"
 #include "core/clock.h"
 #include "core/messages.h"
@@ -22,6 +23,12 @@ class CalendrierPresenter {
   void OK_Click();
   void Cancel_Click();
   QDate GetDate() const { return calendar_->GetDate(); }
+
+  // The month strip's picker: the board's whole range, on the first day in view.
+  void showBoardRange(const BoardDates& dates, int HPos);
+  // The scroll position that puts the picked date in the first column, held
+  // within the scroll bar's range.
+  int pickedHPos(const BoardDates& dates, int DayNb) const;
 
   bool Result = false;
   bool hidden = false;

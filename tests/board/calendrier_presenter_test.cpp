@@ -83,3 +83,22 @@ TEST(Calendriers, SpeaksFrench) {
   p.OK_Click();
   EXPECT_EQ(messages.last().text, "La date [Du] doit être antérieure à la date [Au]");
 }
+
+TEST(Calendrier, MonthStripPickMovesTheBoard) {
+  const QDate today(2025, 3, 14);
+  const FixedClock clock(today);
+  const Texts texts(0);
+  const BoardDates dates = boardDates(QDate(2025, 1, 1), today);
+  CalendrierPresenter p(clock, ScreenDescription{}, texts);
+  p.showBoardRange(dates, 40);
+  EXPECT_EQ(p.GetDate(), QDate(2025, 2, 10));
+  EXPECT_EQ(p.calendar().DateFrom(), dates.FirstDate);
+  EXPECT_EQ(p.calendar().DateTo(), dates.LastDate);
+
+  p.calendar().SetDate(QDate(2025, 4, 1));
+  EXPECT_EQ(p.pickedHPos(dates, 52), 90);
+  // A date in the last columns scrolls only as far as the bar goes.
+  p.calendar().SetDate(dates.LastDate);
+  EXPECT_EQ(p.pickedHPos(dates, 52), dates.hScrollMax(52));
+  EXPECT_EQ(dates.ViewLast(p.pickedHPos(dates, 52), 52), dates.LastDate);
+}
