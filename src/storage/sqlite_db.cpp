@@ -54,15 +54,35 @@ QString dateTimeToStoreText(const QDateTime& dateTime) {
   return dateTime.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-QVariant dateFromStoreText(const QString& text) {
-  if (text.size() == 10) {
-    const QDate d = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
-    if (d.isValid()) return d;
-  } else if (text.size() == 19) {
-    const QDateTime dt = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-    if (dt.isValid()) return dt;
+namespace {
+// Digits of a date text read by hand: whole tables of dates are read at once.
+int digits(const QChar* p, int n) {
+  int v = 0;
+  for (int i = 0; i < n; ++i) {
+    const char16_t c = p[i].unicode();
+    if (c < u'0' || c > u'9') return -1;
+    v = v * 10 + (c - u'0');
   }
-  return {};
+  return v;
+}
+}  // namespace
+
+QVariant dateFromStoreText(const QString& text) {
+  const int n = int(text.size());
+  if (n != 10 && n != 19) return {};
+  const QChar* p = text.constData();
+  if (p[4] != u'-' || p[7] != u'-') return {};
+  const int year = digits(p, 4), month = digits(p + 5, 2), day = digits(p + 8, 2);
+  if (year < 0 || month < 0 || day < 0) return {};
+  const QDate d(year, month, day);
+  if (!d.isValid()) return {};
+  if (n == 10) return d;
+  if (p[10] != u' ' || p[13] != u':' || p[16] != u':') return {};
+  const int h = digits(p + 11, 2), m = digits(p + 14, 2), sec = digits(p + 17, 2);
+  if (h < 0 || m < 0 || sec < 0) return {};
+  const QTime t(h, m, sec);
+  if (!t.isValid()) return {};
+  return QDateTime(d, t);
 }
 
 // ---------------------------------------------------------------------------

@@ -58,6 +58,8 @@ TEST_F(SqliteDbTest, DateTextsRoundTrip) {
   EXPECT_EQ(ksv::dateFromStoreText("2030-01-02 23:59:58").toDateTime(), QDateTime(QDate(2030, 1, 2), QTime(23, 59, 58)));
   EXPECT_FALSE(ksv::dateFromStoreText("2030-02-30").isValid());
   EXPECT_FALSE(ksv::dateFromStoreText("02/01/2030").isValid());
+  EXPECT_FALSE(ksv::dateFromStoreText("-001-01-01").isValid());
+  EXPECT_FALSE(ksv::dateFromStoreText("2030-01-02 24:00:00").isValid());
 }
 
 TEST_F(SqliteDbTest, ErrorsCarryCodeAndRefusedColumn) {
