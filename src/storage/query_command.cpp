@@ -98,6 +98,11 @@ Statement& QueryCommand::open() {
   return *statement_;
 }
 
+Recordset QueryCommand::openRecordset() const {
+  if (!translated_.returnsRows) throw StorageError(0, QStringLiteral("Query %1 returns no rows").arg(name_));
+  return Recordset::openQuery(*db_, translated_.sql, boundValues());
+}
+
 int QueryCommand::execute() {
   if (translated_.attachPath.isEmpty()) return open().run();
   // The other file is attached only for this statement: ATTACH is refused

@@ -178,3 +178,46 @@ TEST_F(QueryTranslator, InsertIntoAMissingFileFailsAndLeavesNothingAttached) {
 }
 
 }  // namespace
+
+namespace {
+
+class StoredQueryRecordset : public QueryPlanning {};
+
+TEST_F(StoredQueryRecordset, OpensOnAStoredQueryAndEditsItsTableInPlace) {
+  row("Resource", {{"Resource", "Ten"}, {"Order", 10}, {"Color", 1}});
+  row("Resource", {{"Resource", "Two"}, {"Order", 2}, {"Color", 1}});
+  QueryCommand command = catalogue().command("RQ_Resource");
+  Recordset rs = command.openRecordset();
+  ASSERT_EQ(rs.recordCount(), 2);
+  ASSERT_TRUE(rs.isUpdatable());
+  rs.moveLast();
+  EXPECT_EQ(rs.field("Resource").toString(), "Ten");
+  rs.setField("Color", 4);
+  rs.update();
+  rs.movePrevious();
+  EXPECT_EQ(rs.field("Resource").toString(), "Two");
+
+  Recordset again = command.openRecordset();
+  again.setAbsolutePosition(2);
+  EXPECT_EQ(again.field("Color").toInt(), 4);
+}
+
+TEST_F(StoredQueryRecordset, ParametersSetByPositionBeforeOpening) {
+  row("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 3)}});
+  row("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 2)}});
+  row("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 5, 1)}});
+  QueryCommand command = catalogue().command("RQ_InvoicePtCsNb");
+  command.setParameter(0, day(2024, 6, 1));
+  Recordset rs = command.openRecordset();
+  ASSERT_EQ(rs.recordCount(), 2);
+  EXPECT_EQ(rs.field("InvoiceNb").toInt(), 1);
+  EXPECT_EQ(rs.field("From").toDate(), day(2024, 6, 2));
+
+  command.setParameter(0, day(2024, 4, 1));
+  rs.requery(command.boundValues());
+  EXPECT_EQ(rs.recordCount(), 3);
+
+  EXPECT_THROW(catalogue().command("RQ_InvoiceAllDelete").openRecordset(), StorageError);
+}
+
+}  // namespace
