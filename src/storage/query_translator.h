@@ -7,7 +7,8 @@
 // (a bare unknown name in a condition is a parameter too, set after the
 // declared ones in order of appearance); bracketed names and the column names
 // From, To, Group, Order; Date() and Now(); DELETE T.* FROM T;
-// INSERT INTO T IN 'file' ...; clauses glued to a number ("=0AND") or to a
+// INSERT INTO T IN 'file' ...; Like patterns with * and ?; #date# literals;
+// clauses glued to a number ("=0AND") or to a
 // parenthesis; double-quoted strings; and names of other stored queries in a
 // FROM clause, inlined with their parameters carried along.
 //

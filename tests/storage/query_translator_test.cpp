@@ -64,6 +64,19 @@ TEST_F(QueryTranslator, TextComparedWithAParameterIgnoresCase) {
             (QStringList{"O'Brien"}));
 }
 
+TEST_F(QueryTranslator, LikeUsesTheEngineWildcards) {
+  row("T_BlackList", {{"Nom", "Dupont"}});
+  row("T_BlackList", {{"Nom", "Dupond"}});
+  row("T_BlackList", {{"Nom", "Du_ont"}});
+  row("T_BlackList", {{"Nom", "Durand"}});
+  const QString base = "SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom Like '%1';";
+  EXPECT_EQ(names(base.arg("dup*")), (QStringList{"Dupont", "Dupond"}));
+  EXPECT_EQ(names(base.arg("Dupon?")), (QStringList{"Dupont", "Dupond"}));
+  // % and _ are plain characters in these patterns.
+  EXPECT_EQ(names(base.arg("Du_*")), (QStringList{"Du_ont"}));
+  EXPECT_TRUE(names(base.arg("Du%")).isEmpty());
+}
+
 TEST_F(QueryTranslator, DatesCompareAsCalendarDays) {
   insertRow(db_, "Reservation",
             {{"Resource", "101"}, {"Date_Deb", QDateTime(day(2024, 6, 15), QTime(14, 0))},
