@@ -2,36 +2,30 @@
 
 #include <QSet>
 
+#include "schema.h"
+
 namespace ksv {
 
 namespace {
 
 // ---------------------------------------------------------------- names
 
-const QSet<QString>& planningTables() {
+// Names of the planning's tables and columns, lower case: such a name is never
+// taken for a parameter.
+const QSet<QString>& tableNames() {
   static const QSet<QString> names = [] {
     QSet<QString> s;
-    for (const char* n : {"DataBaseInfo", "Reservation", "Resource", "T_BlackList", "Designation", "Modification",
-                          "Payment", "AccountGroup", "Header", "Invoice", "InvoiceAll", "Report", "Option",
-                          "DayColor"})
-      s.insert(QString::fromLatin1(n).toLower());
+    for (const TableDef& table : planningTables()) s.insert(table.name.toLower());
     return s;
   }();
   return names;
 }
 
-const QSet<QString>& planningColumns() {
+const QSet<QString>& columnNames() {
   static const QSet<QString> names = [] {
     QSet<QString> s;
-    for (const char* n :
-         {"Version", "MaxInvNb", "MaxWaitNb", "MaxGroupNb", "Resource", "Date_Deb", "Date_Fin", "Blocage",
-          "Couleur", "Nom", "Email", "HowMany", "Remarque", "Split", "GroupId", "GroupNb", "InvNb", "Color",
-          "Order", "Remark", "Designation", "UnitPrice", "Day", "Month", "Year", "Day_NC", "Month_NC",
-          "Year_NC", "Modification", "Fixed", "Rate", "Included", "AddUp", "Printed", "Payment", "Group",
-          "Account", "Sign", "IdLeft", "IdTop", "IdHeight", "IdWidth", "LgPath", "LgLeft", "LgTop", "LgHeight",
-          "LgWidth", "Border", "InvoiceNb", "Typ", "Lib", "From", "To", "QuantityAmount", "UPriceIncluded",
-          "PriceNotIncluded", "FromFixed", "ToRate", "Option", "IdDay"})
-      s.insert(QString::fromLatin1(n).toLower());
+    for (const TableDef& table : planningTables())
+      for (const ColumnDef& column : table.columns) s.insert(column.name.toLower());
     return s;
   }();
   return names;
@@ -295,7 +289,11 @@ class Translator {
         ++i_;
         return;
       case Tok::String:
-        out_.append({sqlString(t.text)});
+        if (previousIs("LIKE")) {
+          out_.append({likePattern(t.text)});
+        } else {
+          out_.append({sqlString(t.text)});
+        }
         ++i_;
         return;
       case Tok::Hash:
@@ -311,6 +309,27 @@ class Translator {
         name(t);
         return;
     }
+  }
+
+  // The engine's wildcards are * and ?; SQLite's % and _, which are plain
+  // characters in the engine's patterns.
+  static QString likePattern(const QString& pattern) {
+    QString converted;
+    bool escaped = false;
+    for (const QChar c : pattern) {
+      if (c == QLatin1Char('*')) {
+        converted += QLatin1Char('%');
+      } else if (c == QLatin1Char('?')) {
+        converted += QLatin1Char('_');
+      } else if (c == QLatin1Char('%') || c == QLatin1Char('_') || c == QLatin1Char('\\')) {
+        converted += QLatin1Char('\\');
+        converted += c;
+        escaped = true;
+      } else {
+        converted += c;
+      }
+    }
+    return sqlString(converted) + (escaped ? QStringLiteral(" ESCAPE '\\'") : QString());
   }
 
   static QString isoFromHash(const QString& text) {
@@ -430,7 +449,7 @@ class Translator {
       return;
     }
 
-    if (clause_ == Clause::From && !qualifier && !planningTables().contains(lower) && lookup_) {
+    if (clause_ == Clause::From && !qualifier && !tableNames().contains(lower) && lookup_) {
       if (auto text = lookup_(t.text)) {
         inlineQuery(t.text, *text);
         ++i_;
@@ -438,8 +457,8 @@ class Translator {
       }
     }
 
-    if (clause_ == Clause::Condition && !qualifier && !planningColumns().contains(lower) &&
-        !planningTables().contains(lower) && !previousIs("AS")) {
+    if (clause_ == Clause::Condition && !qualifier && !columnNames().contains(lower) &&
+        !tableNames().contains(lower) && !previousIs("AS")) {
       // The engine takes an unknown name in a condition for a parameter.
       QueryParameter undeclared;
       undeclared.name = t.text;
@@ -594,7 +613,7 @@ TranslatedQuery translateQuery(const QString& text, const QueryTextLookup& looku
   return result;
 }
 
-bool isPlanningTable(const QString& name) { return planningTables().contains(name.toLower()); }
-bool isPlanningColumn(const QString& name) { return planningColumns().contains(name.toLower()); }
+bool isPlanningTable(const QString& name) { return tableNames().contains(name.toLower()); }
+bool isPlanningColumn(const QString& name) { return columnNames().contains(name.toLower()); }
 
 }  // namespace ksv
