@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QVector>
 
+#include "row_store.h"
 #include "schema.h"
 #include "sqlite_db.h"
 
@@ -25,10 +26,6 @@ QString quoted(const QString& name) { return QLatin1Char('"') + name + QLatin1Ch
 }  // namespace
 
 struct Recordset::Impl {
-  struct Row {
-    qint64 rowid = 0;
-    QVector<QVariant> values;
-  };
   enum class Edit { None, Changing, Adding };
 
   Database* db = nullptr;
@@ -39,7 +36,7 @@ struct Recordset::Impl {
   QStringList origins;               // the table columns they read, when updatable
   QVector<const ColumnDef*> defs;    // the column of each field, when known
   int rowidIndex = -1;               // the statement column of the identity
-  QVector<Row> rows;
+  RowStore rows;
   int pos = 0;                       // -1 BOF, rows.size() EOF
   bool onDeleted = false;            // the row at pos was deleted; pos is the next one
   Edit edit = Edit::None;
@@ -63,29 +60,13 @@ struct Recordset::Impl {
     if (!table) fail(QStringLiteral("The record set cannot be updated: ") + sql);
   }
 
-  Row readRow(const Statement& st) const {
-    Row r;
-    r.values.resize(names.size());
-    int f = 0;
-    for (int c = 0, n = st.columnCount(); c < n; ++c) {
-      if (c == rowidIndex) {
-        r.rowid = st.column(c).toLongLong();
-        continue;
-      }
-      const QVariant raw = st.column(c);
-      r.values[f] = defs[f] ? fromStoreValue(*defs[f], raw) : raw;
-      ++f;
-    }
-    return r;
-  }
-
   // Runs the query and takes the snapshot; the first time, also learns the
   // fields and whether the rows can be written back.
   void load() {
     Statement st = prepareWithIdentity();
     st.bindAll(params);
     rows.clear();
-    while (st.step()) rows.push_back(readRow(st));
+    while (st.step()) rows.append(st, rowidIndex);
     pos = 0;
     onDeleted = false;
     edit = Edit::None;
@@ -141,22 +122,22 @@ struct Recordset::Impl {
       return c && c->hasDefault() ? fromStoreValue(*c, toStoreValue(table->name, *c, c->defaultValue)) : QVariant();
     }
     requireRow();
-    return rows[pos].values[i];
+    return rows.value(pos, i, defs[i]);
   }
 
-  // Reads one row of the table again, as the snapshot holds it.
-  Row reread(qint64 rowid) {
+  // Reads one row of the table again into the snapshot: at `row`, or at
+  // the end when row is -1.
+  void reread(qint64 rowid, int row) {
     QStringList cols;
     for (const QString& o : origins) cols << quoted(o);
     Statement st = db->prepare(QStringLiteral("SELECT rowid, %1 FROM %2 WHERE rowid = ?")
                                    .arg(cols.join(QStringLiteral(", ")), quoted(table->name)));
     st.bind(0, rowid);
     if (!st.step()) fail(QStringLiteral("The row was deleted by another user."), table->name);
-    const int saved = rowidIndex;
-    rowidIndex = 0;
-    Row r = readRow(st);
-    rowidIndex = saved;
-    return r;
+    if (row < 0)
+      rows.append(st, 0);
+    else
+      rows.replace(row, st, 0);
   }
 
   void writePending() {
@@ -175,16 +156,16 @@ struct Recordset::Impl {
                                  : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
                                        .arg(quoted(table->name), cols.join(QStringLiteral(", ")), marks.join(QStringLiteral(", ")));
       db->execute(insert, values);
-      rows.push_back(reread(db->lastInsertRowId()));
+      reread(db->lastInsertRowId(), -1);
       pos = int(rows.size()) - 1;
       onDeleted = false;
     } else if (!cols.isEmpty()) {
       QStringList sets;
       for (const QString& c : cols) sets << c + QStringLiteral(" = ?");
-      values << rows[pos].rowid;
+      values << rows.rowid(pos);
       db->execute(QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?").arg(quoted(table->name), sets.join(QStringLiteral(", "))),
                   values);
-      rows[pos] = reread(rows[pos].rowid);
+      reread(rows.rowid(pos), pos);
     }
     edit = Edit::None;
     pending.clear();
@@ -301,7 +282,7 @@ QString Recordset::tableName() const {
 qint64 Recordset::rowId() const {
   const Impl& d = self();
   d.requireRow();
-  return d.rows[d.pos].rowid;
+  return d.rows.rowid(d.pos);
 }
 
 void Recordset::addNew() {
@@ -347,10 +328,10 @@ void Recordset::deleteRecord() {
     return;
   }
   d.requireRow();
-  d.db->execute(QStringLiteral("DELETE FROM %1 WHERE rowid = ?").arg(quoted(d.table->name)), {d.rows[d.pos].rowid});
+  d.db->execute(QStringLiteral("DELETE FROM %1 WHERE rowid = ?").arg(quoted(d.table->name)), {d.rows.rowid(d.pos)});
   d.edit = Impl::Edit::None;
   d.pending.clear();
-  d.rows.removeAt(d.pos);
+  d.rows.remove(d.pos);
   d.onDeleted = true;
 }
 

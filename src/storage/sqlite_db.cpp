@@ -114,7 +114,8 @@ Database& Database::operator=(Database&& other) noexcept {
 
 void Database::open(const QString& path, OpenMode mode, int busyTimeoutMs) {
   close();
-  int flags = SQLITE_OPEN_FULLMUTEX;
+  // One thread uses a connection at a time: no locking inside SQLite.
+  int flags = SQLITE_OPEN_NOMUTEX;
   switch (mode) {
     case OpenMode::ReadOnly: flags |= SQLITE_OPEN_READONLY; break;
     case OpenMode::ReadWrite: flags |= SQLITE_OPEN_READWRITE; break;
@@ -365,6 +366,42 @@ QVariant Statement::column(const QString& name) const {
   const int i = columnIndex(name);
   if (i < 0) throw StorageError(0, QStringLiteral("No column named ") + name + QStringLiteral(" [") + d_->sql + QLatin1Char(']'));
   return column(i);
+}
+
+qint64 Statement::appendPacked(int skipColumn, std::string& out) const {
+  sqlite3_stmt* s = d_->stmt;
+  qint64 skipped = 0;
+  for (int c = 0, n = sqlite3_column_count(s); c < n; ++c) {
+    if (c == skipColumn) {
+      skipped = sqlite3_column_int64(s, c);
+      continue;
+    }
+    const int kind = sqlite3_column_type(s, c);
+    out.push_back(char(kind));
+    switch (kind) {
+      case SQLITE_INTEGER: {
+        const qint64 v = sqlite3_column_int64(s, c);
+        out.append(reinterpret_cast<const char*>(&v), sizeof v);
+        break;
+      }
+      case SQLITE_FLOAT: {
+        const double v = sqlite3_column_double(s, c);
+        out.append(reinterpret_cast<const char*>(&v), sizeof v);
+        break;
+      }
+      case SQLITE_TEXT:
+      case SQLITE_BLOB: {
+        const void* data = kind == SQLITE_TEXT ? static_cast<const void*>(sqlite3_column_text(s, c))
+                                               : sqlite3_column_blob(s, c);
+        const qint32 bytes = sqlite3_column_bytes(s, c);
+        out.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
+        if (bytes > 0) out.append(static_cast<const char*>(data), size_t(bytes));
+        break;
+      }
+      default: break;  // NULL: the kind alone
+    }
+  }
+  return skipped;
 }
 
 bool Statement::isNull(int index) const { return sqlite3_column_type(d_->stmt, index) == SQLITE_NULL; }

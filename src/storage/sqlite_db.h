@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 #include <QString>
 #include <QStringList>
@@ -127,6 +128,10 @@ class Statement {
   QVariant column(int index) const;
   QVariant column(const QString& name) const;
   bool isNull(int index) const;
+  // Appends the raw values of the current row, all columns but `skipColumn`,
+  // to `out` in the packed form that recordsets keep their snapshots in (see
+  // row_store.h); returns the value of `skipColumn` as an integer.
+  qint64 appendPacked(int skipColumn, std::string& out) const;
 
   const QString& sql() const;
 

@@ -247,3 +247,34 @@ TEST_F(RecordsetTest, ReadOnlyConnectionRefusesEveryWrite) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(RecordsetTest, LargeSnapshotsKeepEveryValueIntact) {
+  {
+    Transaction tx(db_);
+    for (int i = 0; i < 12000; ++i)
+      insertRow(db_, "T_BlackList", {{"Nom", QStringLiteral("Name %1").arg(i)}, {"Remark", QString(250, QChar('a' + i % 26))}});
+    tx.commit();
+  }
+  const QString memo = QString(3 << 20, QChar(u'é'));  // larger than any packing chunk
+  insertRow(db_, "Option", {{"Option", memo}});
+  Recordset rs = Recordset::openTable(db_, "T_BlackList");
+  ASSERT_EQ(rs.recordCount(), 12000);
+  for (int i : {1, 4321, 12000}) {
+    rs.setAbsolutePosition(i);
+    EXPECT_EQ(rs.field("Nom").toString(), QStringLiteral("Name %1").arg(i - 1));
+    EXPECT_EQ(rs.field("Remark").toString(), QString(250, QChar('a' + (i - 1) % 26)));
+  }
+  rs.setAbsolutePosition(6000);
+  rs.setField("Remark", "changed");
+  rs.update();
+  rs.moveLast();
+  rs.setAbsolutePosition(6000);
+  EXPECT_EQ(rs.field("Remark").toString(), "changed");
+  EXPECT_EQ(rs.field("Nom").toString(), "Name 5999");
+  Recordset option = Recordset::openTable(db_, "Option");
+  EXPECT_EQ(option.field("Option").toString(), memo);
+}
+
+}  // namespace

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "storage/sqlite_db.h"
 
 using ksv::Database;
@@ -160,6 +163,38 @@ TEST_F(SqliteDbTest, SecondConnectionWaitsForWriterInsteadOfFailing) {
   }
   b.execute("INSERT INTO t VALUES (2)");
   EXPECT_EQ(a.scalar("SELECT count(*) FROM t").toInt(), 2);
+}
+
+TEST_F(SqliteDbTest, AWriterInAnotherProcessIsWaitedFor) {
+  const QString path = file("a.db");
+  { Database(path, Database::OpenMode::Create).exec("CREATE TABLE t (x INTEGER)"); }
+  int fds[2];
+  ASSERT_EQ(::pipe(fds), 0);
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {  // holds the write lock for a while, then commits
+    try {
+      Database db(path, Database::OpenMode::ReadWrite);
+      Transaction tx(db);
+      db.execute("INSERT INTO t VALUES (1)");
+      if (::write(fds[1], "l", 1) != 1) _exit(3);
+      ::usleep(400 * 1000);
+      tx.commit();
+    } catch (...) {
+      _exit(2);
+    }
+    _exit(0);
+  }
+  char c = 0;
+  ASSERT_EQ(::read(fds[0], &c, 1), 1);
+  Database db(path, Database::OpenMode::ReadWrite);  // the default timeout
+  db.execute("INSERT INTO t VALUES (2)");           // waits for the commit instead of failing
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  EXPECT_EQ(db.scalar("SELECT group_concat(x) FROM (SELECT x FROM t ORDER BY x)").toString(), "1,2");
+  ::close(fds[0]);
+  ::close(fds[1]);
 }
 
 }  // namespace
