@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QFileInfo>
 
 #include "core/clock.h"
 #include "stored_queries.h"
@@ -97,10 +98,18 @@ Statement& QueryCommand::open() {
   return *statement_;
 }
 
+Recordset QueryCommand::openRecordset() const {
+  if (!translated_.returnsRows) throw StorageError(0, QStringLiteral("Query %1 returns no rows").arg(name_));
+  return Recordset::openQuery(*db_, translated_.sql, boundValues());
+}
+
 int QueryCommand::execute() {
   if (translated_.attachPath.isEmpty()) return open().run();
   // The other file is attached only for this statement: ATTACH is refused
   // inside a transaction, and a file left attached would stay locked.
+  // Attaching a missing file would make an empty one.
+  if (!QFileInfo::exists(translated_.attachPath))
+    throw StorageError(0, QStringLiteral("Query %1: no file %2").arg(name_, translated_.attachPath));
   if (db_->inTransaction())
     throw StorageError(0, QStringLiteral("Query %1 writes into another file inside a transaction").arg(name_));
   db_->execute(QStringLiteral("ATTACH DATABASE ? AS %1").arg(QLatin1String(kAttachedSchema)),

@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include "query_translator.h"
+#include "recordset.h"
 #include "sqlite_db.h"
 
 namespace ksv {
@@ -43,6 +44,10 @@ class QueryCommand {
 
   // Binds and rewinds the statement; the caller steps through the rows.
   Statement& open();
+  // A snapshot of the rows with the parameters set now; updatable when the
+  // rows come from one table. To read again with other parameters, set them
+  // and open again (or requery the recordset with boundValues()).
+  Recordset openRecordset() const;
   // Runs an action query (DELETE, INSERT, ...); returns the rows changed.
   // A query that writes into another file attaches it for the time of the run.
   int execute();

@@ -289,7 +289,11 @@ class Translator {
         ++i_;
         return;
       case Tok::String:
-        out_.append({sqlString(t.text)});
+        if (previousIs("LIKE")) {
+          out_.append({likePattern(t.text)});
+        } else {
+          out_.append({sqlString(t.text)});
+        }
         ++i_;
         return;
       case Tok::Hash:
@@ -305,6 +309,27 @@ class Translator {
         name(t);
         return;
     }
+  }
+
+  // The engine's wildcards are * and ?; SQLite's % and _, which are plain
+  // characters in the engine's patterns.
+  static QString likePattern(const QString& pattern) {
+    QString converted;
+    bool escaped = false;
+    for (const QChar c : pattern) {
+      if (c == QLatin1Char('*')) {
+        converted += QLatin1Char('%');
+      } else if (c == QLatin1Char('?')) {
+        converted += QLatin1Char('_');
+      } else if (c == QLatin1Char('%') || c == QLatin1Char('_') || c == QLatin1Char('\\')) {
+        converted += QLatin1Char('\\');
+        converted += c;
+        escaped = true;
+      } else {
+        converted += c;
+      }
+    }
+    return sqlString(converted) + (escaped ? QStringLiteral(" ESCAPE '\\'") : QString());
   }
 
   static QString isoFromHash(const QString& text) {

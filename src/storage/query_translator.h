@@ -7,9 +7,10 @@
 // (a bare unknown name in a condition is a parameter too, set after the
 // declared ones in order of appearance); bracketed names and the column names
 // From, To, Group, Order; Date() and Now(); DELETE T.* FROM T;
-// INSERT INTO T IN 'file' ...; clauses glued to a number ("=0AND") or to a
-// parenthesis; double-quoted strings; and names of other stored queries in a
-// FROM clause, inlined with their parameters carried along.
+// INSERT INTO T IN 'file' ...; Like patterns with * and ?; #date# literals;
+// clauses glued to a number ("=0AND") or to a parenthesis; double-quoted
+// strings; and names of other stored queries in a FROM clause, inlined with
+// their parameters carried along.
 //
 // Dates are ISO texts and calendar days: a comparison of a date column with a
 // date parameter or Date() compares days, so "Date_Fin <= [P_DF]" holds for a

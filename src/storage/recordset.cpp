@@ -264,7 +264,7 @@ void Recordset::moveLast() {
 
 void Recordset::moveNext() {
   Impl& d = self();
-  if (d.rows.isEmpty() || (!d.onDeleted && d.pos >= d.rows.size())) fail(QStringLiteral("Either BOF or EOF is True."));
+  if ((d.rows.isEmpty() && !d.onDeleted) || (!d.onDeleted && d.pos >= d.rows.size())) fail(QStringLiteral("Either BOF or EOF is True."));
   const bool wasDeleted = d.onDeleted;
   d.beforeMove();
   if (!wasDeleted) ++d.pos;  // after a delete, pos already holds the next row

@@ -1,0 +1,236 @@
+// The dialect forms the translator must read, each checked by what the
+// statement does on a planning.
+#include <QFile>
+
+#include "query_test_planning.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+class QueryTranslator : public QueryPlanning {
+ protected:
+  QStringList names(const QString& text, const QVariantList& params = {}) {
+    QueryCommand command = catalogue().statement(text);
+    command.setParameters(params);
+    Statement& st = command.open();
+    QStringList values;
+    while (st.step()) values.append(st.column(st.columnIndex("Nom")).toString());
+    return values;
+  }
+};
+
+TEST_F(QueryTranslator, DeclaredThenUndeclaredParametersInOrder) {
+  const TranslatedQuery q = translateQuery(QString(findStoredQuery("RQ_Reservation")->text));
+  ASSERT_EQ(q.positionalCount, 42);
+  EXPECT_EQ(q.parameters[0].name, "P_DD");
+  EXPECT_EQ(q.parameters[0].type, ParameterType::Date);
+  EXPECT_EQ(q.parameters[2].name, "R1");
+  EXPECT_EQ(q.parameters[2].size, 12);
+  EXPECT_TRUE(q.parameters[31].declared);
+  EXPECT_EQ(q.parameters[32].name, "R31");
+  EXPECT_FALSE(q.parameters[32].declared);
+  EXPECT_EQ(q.parameters[41].name, "R40");
+  EXPECT_TRUE(q.returnsRows);
+}
+
+TEST_F(QueryTranslator, UnknownNamesInAConditionAreParameters) {
+  booking("101", day(2024, 1, 1), day(2024, 1, 2), "Dupont");
+  booking("102", day(2024, 1, 1), day(2024, 1, 2), "Martin");
+  // Bracketed or bare, a name that is no column is set by position.
+  EXPECT_EQ(names("SELECT Reservation.* FROM Reservation WHERE Reservation.Resource = [Room] Or Nom = Other",
+                  {"102", "Dupont"}),
+            (QStringList{"Dupont", "Martin"}));
+}
+
+TEST_F(QueryTranslator, KeywordsInAnyCaseAndGluedClauses) {
+  booking("101", day(2024, 1, 1), day(2024, 1, 2), "A", {{"GroupNb", 0}});
+  booking("102", day(2024, 1, 1), day(2024, 1, 2), "B", {{"GroupNb", 10}});
+  booking("103", day(2024, 1, 1), day(2024, 1, 2), "C", {{"GroupNb", 0}, {"GroupId", "L"}});
+  EXPECT_EQ(names("select Reservation.* from Reservation where (Reservation.GroupNb =0AND "
+                  "Reservation.GroupId<>'L')oR Reservation.GroupNb =10aNd Reservation.Nom Is Not Null;"),
+            (QStringList{"A", "B"}));
+}
+
+TEST_F(QueryTranslator, TextComparedWithAParameterIgnoresCase) {
+  row("T_BlackList", {{"Nom", "Dupont"}});
+  row("T_BlackList", {{"Nom", "O'Brien"}});
+  EXPECT_EQ(names("PARAMETERS N Text(25);SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom = [N];",
+                  {"DUPONT"}),
+            (QStringList{"Dupont"}));
+  // Double-quoted texts are texts in this dialect, not names.
+  EXPECT_EQ(names("SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom = \"O'Brien\";"),
+            (QStringList{"O'Brien"}));
+}
+
+TEST_F(QueryTranslator, LikeUsesTheEngineWildcards) {
+  row("T_BlackList", {{"Nom", "Dupont"}});
+  row("T_BlackList", {{"Nom", "Dupond"}});
+  row("T_BlackList", {{"Nom", "Du_ont"}});
+  row("T_BlackList", {{"Nom", "Durand"}});
+  const QString base = "SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom Like '%1';";
+  EXPECT_EQ(names(base.arg("dup*")), (QStringList{"Dupont", "Dupond"}));
+  EXPECT_EQ(names(base.arg("Dupon?")), (QStringList{"Dupont", "Dupond"}));
+  // % and _ are plain characters in these patterns.
+  EXPECT_EQ(names(base.arg("Du_*")), (QStringList{"Du_ont"}));
+  EXPECT_TRUE(names(base.arg("Du%")).isEmpty());
+}
+
+TEST_F(QueryTranslator, DatesCompareAsCalendarDays) {
+  insertRow(db_, "Reservation",
+            {{"Resource", "101"}, {"Date_Deb", QDateTime(day(2024, 6, 15), QTime(14, 0))},
+             {"Date_Fin", day(2024, 6, 16)}, {"Nom", "Timed"}, {"GroupId", "C"}});
+  booking("102", day(2024, 6, 15), day(2024, 6, 16), "Plain");
+  booking("103", day(2024, 6, 14), day(2024, 6, 16), "DayBefore");
+  booking("104", day(2024, 6, 16), day(2024, 6, 16), "DayAfter");
+  const QString base = "PARAMETERS D Date;SELECT Reservation.* FROM Reservation WHERE Reservation.Date_Deb %1 [D] "
+                       "ORDER BY Reservation.Resource;";
+  const QDate d = day(2024, 6, 15);
+  EXPECT_EQ(names(base.arg("="), {d}), (QStringList{"Timed", "Plain"}));
+  EXPECT_EQ(names(base.arg("<>"), {d}), (QStringList{"DayBefore", "DayAfter"}));
+  EXPECT_EQ(names(base.arg("<="), {d}), (QStringList{"Timed", "Plain", "DayBefore"}));
+  EXPECT_EQ(names(base.arg("<"), {d}), (QStringList{"DayBefore"}));
+  EXPECT_EQ(names(base.arg(">="), {d}), (QStringList{"Timed", "Plain", "DayAfter"}));
+  EXPECT_EQ(names(base.arg(">"), {d}), (QStringList{"DayAfter"}));
+  // A parameter given with a time is the day it falls on; ISO text works too.
+  EXPECT_EQ(names(base.arg("="), {QDateTime(d, QTime(8, 0))}), (QStringList{"Timed", "Plain"}));
+  EXPECT_EQ(names(base.arg("="), {"2024-06-15"}), (QStringList{"Timed", "Plain"}));
+  // A date written in the text itself.
+  EXPECT_EQ(names("SELECT Reservation.* FROM Reservation WHERE Reservation.Date_Deb < #06/15/2024#;"),
+            (QStringList{"DayBefore"}));
+}
+
+TEST_F(QueryTranslator, ParametersAreCheckedAndCanBeSetAgain) {
+  booking("101", day(2024, 6, 1), day(2024, 6, 3), "A", {{"GroupNb", 4}});
+  booking("102", day(2024, 6, 1), day(2024, 6, 3), "B", {{"GroupNb", 5}});
+  QueryCommand command = catalogue().command("RQ_GroupUsers");
+  EXPECT_THROW(command.setParameter(1, 4), StorageError);
+  EXPECT_THROW(command.setParameter(0, "four"), StorageError);
+  QueryCommand dates = catalogue().command("RQ_DayColor");
+  EXPECT_THROW(dates.setParameter(0, "15/06/2024"), StorageError);
+
+  for (int group : {4, 5, 4}) {
+    command.setParameter(0, group);
+    Statement& st = command.open();
+    ASSERT_TRUE(st.step());
+    EXPECT_EQ(st.column("Nom").toString(), group == 4 ? "A" : "B");
+    EXPECT_FALSE(st.step());
+  }
+}
+
+TEST_F(QueryTranslator, QueryFromAnotherQueryCarriesItsParameters) {
+  row("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", day(2024, 6, 2)}});
+  row("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Kiosk"}, {"From", day(2024, 6, 3)}});
+  row("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", day(2024, 5, 1)}});
+  // The outer query's own parameter first, then the inner one's; the inner
+  // name written in another case.
+  QueryCommand command = catalogue().statement(
+      "PARAMETERS Who Text(50);SELECT q.* FROM rq_invoiceptcs AS q WHERE q.Lib = [Who] ORDER BY q.InvoiceNb;");
+  ASSERT_EQ(command.parameterCount(), 2);
+  EXPECT_EQ(command.parameter(0).name, "Who");
+  EXPECT_EQ(command.parameter(1).name, "DP");
+  command.setParameters({"bar", day(2024, 6, 1)});
+  Statement& st = command.open();
+  QStringList found;
+  while (st.step()) found << st.column("InvoiceNb").toString();
+  EXPECT_EQ(found, (QStringList{"1"}));
+}
+
+TEST_F(QueryTranslator, UnreadableTextsAreRefused) {
+  EXPECT_THROW(translateQuery("SELECT [Nom FROM Reservation"), QueryTranslationError);
+  EXPECT_THROW(translateQuery("PARAMETERS A Blob;SELECT Reservation.* FROM Reservation"), QueryTranslationError);
+  EXPECT_THROW(translateQuery("PARAMETERS A Date SELECT Reservation.* FROM Reservation"), QueryTranslationError);
+  EXPECT_THROW(translateQuery("SELECT Reservation.* FROM Reservation WHERE Nom = 'open"), QueryTranslationError);
+  const QueryTextLookup loop = [](const QString& name) -> std::optional<QString> {
+    if (name.compare("QLoop", Qt::CaseInsensitive) == 0) return QString("SELECT qloop.* FROM QLOOP;");
+    return std::nullopt;
+  };
+  EXPECT_THROW(translateQuery("SELECT QLoop.* FROM QLoop;", loop), QueryTranslationError);
+  // Through the catalogue the refusal is a storage error.
+  EXPECT_THROW(catalogue().statement("SELECT [Nom FROM Reservation"), StorageError);
+}
+
+TEST_F(QueryTranslator, DeleteNamesNoColumns) {
+  booking("101", day(2024, 6, 1), day(2024, 6, 3), "Keep");
+  booking("102", day(2024, 6, 1), day(2024, 6, 3), "Drop");
+  QueryCommand del =
+      catalogue().statement("PARAMETERS N Text(25);DELETE Reservation.* FROM Reservation WHERE Reservation.Nom = [N];");
+  EXPECT_FALSE(del.returnsRows());
+  del.setParameter(0, "drop");
+  EXPECT_EQ(del.execute(), 1);
+  EXPECT_EQ(names("SELECT Reservation.* FROM Reservation;"), (QStringList{"Keep"}));
+}
+
+TEST_F(QueryTranslator, InsertIntoAnotherFileAttachesItForTheRunOnly) {
+  row("T_BlackList", {{"Nom", "Dupont"}, {"Remark", "Left without paying"}});
+  row("T_BlackList", {{"Nom", "Durand"}});
+  const QString other = dir_.path() + "/other's copy.ksv";
+  {
+    Database target(other, Database::OpenMode::Create);
+    createPlanningTables(target);
+  }
+  QueryCommand copy = catalogue().statement("INSERT INTO T_BlackList IN '" + QString(other).replace("'", "''") +
+                                            "' SELECT T_BlackList.* FROM T_BlackList;");
+  EXPECT_EQ(copy.execute(), 2);
+  EXPECT_EQ(db_.scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
+  EXPECT_EQ(count("T_BlackList"), 2);
+
+  Database target(other, Database::OpenMode::ReadOnly);
+  EXPECT_EQ(target.scalar("SELECT group_concat(Nom || ':' || Remark, ',') FROM T_BlackList").toString(),
+            "Dupont:Left without paying,Durand:");
+}
+
+TEST_F(QueryTranslator, InsertIntoAMissingFileFailsAndLeavesNothingAttached) {
+  const QString missing = dir_.path() + "/missing.ksv";
+  QueryCommand copy =
+      catalogue().statement("INSERT INTO T_BlackList IN '" + missing + "' SELECT T_BlackList.* FROM T_BlackList;");
+  EXPECT_THROW(copy.execute(), StorageError);
+  EXPECT_FALSE(QFile::exists(missing));
+  EXPECT_EQ(db_.scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
+}
+
+}  // namespace
+
+namespace {
+
+class StoredQueryRecordset : public QueryPlanning {};
+
+TEST_F(StoredQueryRecordset, OpensOnAStoredQueryAndEditsItsTableInPlace) {
+  row("Resource", {{"Resource", "Ten"}, {"Order", 10}, {"Color", 1}});
+  row("Resource", {{"Resource", "Two"}, {"Order", 2}, {"Color", 1}});
+  QueryCommand command = catalogue().command("RQ_Resource");
+  Recordset rs = command.openRecordset();
+  ASSERT_EQ(rs.recordCount(), 2);
+  ASSERT_TRUE(rs.isUpdatable());
+  rs.moveLast();
+  EXPECT_EQ(rs.field("Resource").toString(), "Ten");
+  rs.setField("Color", 4);
+  rs.update();
+  rs.movePrevious();
+  EXPECT_EQ(rs.field("Resource").toString(), "Two");
+
+  Recordset again = command.openRecordset();
+  again.setAbsolutePosition(2);
+  EXPECT_EQ(again.field("Color").toInt(), 4);
+}
+
+TEST_F(StoredQueryRecordset, ParametersSetByPositionBeforeOpening) {
+  row("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 3)}});
+  row("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 2)}});
+  row("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 5, 1)}});
+  QueryCommand command = catalogue().command("RQ_InvoicePtCsNb");
+  command.setParameter(0, day(2024, 6, 1));
+  Recordset rs = command.openRecordset();
+  ASSERT_EQ(rs.recordCount(), 2);
+  EXPECT_EQ(rs.field("InvoiceNb").toInt(), 1);
+  EXPECT_EQ(rs.field("From").toDate(), day(2024, 6, 2));
+
+  command.setParameter(0, day(2024, 4, 1));
+  rs.requery(command.boundValues());
+  EXPECT_EQ(rs.recordCount(), 3);
+
+  EXPECT_THROW(catalogue().command("RQ_InvoiceAllDelete").openRecordset(), StorageError);
+}
+
+}  // namespace
