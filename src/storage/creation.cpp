@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "config/ini_file.h"
 #include "connecting.h"
 #include "core/messages.h"
 #include "core/paths.h"
@@ -58,11 +59,8 @@ void recopy(Database& open, const QString& newPath, const QStringList& tables) {
   db->exec(QStringLiteral("DETACH DATABASE ") + schema);
 }
 
-QString iniText(const Paths& paths) {
-  QFile ini(paths.iniFile());
-  if (!ini.open(QIODevice::ReadOnly)) return QString();
-  return QString::fromUtf8(ini.readAll());
-}
+// The ini file is 8-bit text; its own reader knows the encoding.
+QString iniText(const Paths& paths) { return IniFile(paths.iniFile()).readText(); }
 
 // Steps 7 to 11: the one row each of Header, Option and DataBaseInfo.
 void writeFirstRows(const QString& path, const Paths& paths) {
