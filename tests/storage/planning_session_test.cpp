@@ -1,0 +1,329 @@
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "config/ini_file.h"
+#include "core/clock.h"
+#include "core/day_date.h"
+#include "core/menu_model.h"
+#include "core/regional.h"
+#include "core/texts.h"
+#include "storage/creation.h"
+#include "storage/lock_file.h"
+#include "storage/planning_session.h"
+#include "storage/roster.h"
+#include "storage/schema.h"
+#include "support/scripted_messages.h"
+#include "support/temp_folders.h"
+
+using namespace ksv;
+
+namespace {
+
+// Records what the session asks of the window.
+class FakeView : public SessionView {
+ public:
+  void setCaption(const QString& c) override { caption = c; }
+  void applyMenus() override { ++menuUpdates; }
+  void setHourglass(bool on) override { hourglass = on; }
+  void Dessiner_Ecran() override { ++draws; }
+  void eraseBoard() override { ++erases; }
+  void RestoreDayColor() override {}
+  void scrollTo(int v, int h) override { scrolled = {v, h}; }
+  int todayOffset() const override { return 42; }
+  QString askOpenFileName(const QString&) override { return openAnswer; }
+  QString askSaveFileName(const QString&, const QString& suggested) override {
+    lastSuggested = suggested;
+    return saveAnswer;
+  }
+  void showUsers(int message) override { usersShown << message; }
+  bool passWord(const QString&) override { return passWordAnswer; }
+  void stopRefreshTimer() override {}
+  void startRefreshTimer(int) override {}
+  void closeWindow() override { closed = true; }
+
+  QString caption, openAnswer, saveAnswer, lastSuggested;
+  int menuUpdates = 0, draws = 0, erases = 0;
+  bool hourglass = false, closed = false, passWordAnswer = true;
+  std::pair<int, int> scrolled{-1, -1};
+  QList<int> usersShown;
+};
+
+class Session : public ::testing::Test {
+ protected:
+  Session() : ini(folders.paths().iniFile()) {}
+
+  QString makePlanning(const QString& name) {
+    const QString path = folders.document(name);
+    test::ScriptedMessages quiet;
+    EXPECT_TRUE(Creation(path, {quiet, texts, folders.paths(), nullptr, false}));
+    return path;
+  }
+  std::unique_ptr<PlanningSession> session() {
+    return std::make_unique<PlanningSession>(
+        SessionContext{messages, texts, clock, folders.paths(), ini, menus, regional}, view);
+  }
+  bool menuEnabled(const char* name) const { return menus.find(name)->enabled; }
+  bool menuVisible(const char* name) const { return menus.find(name)->visible; }
+
+  test::TempFolders folders;
+  IniFile ini;
+  test::ScriptedMessages messages;
+  Texts texts{0};
+  FixedClock clock{QDate(2026, 11, 22)};
+  MenuModel menus = MenuModel::standard();
+  Regional regional = Regional::englishUS();
+  FakeView view;
+};
+
+// A second workstation: a child process holding `mode` on the planning until killed.
+pid_t workstation(const QString& planning, char mode) {
+  int ready[2];
+  if (pipe(ready) != 0) return -1;
+  const pid_t pid = fork();
+  if (pid == 0) {
+    const bool ok = RequestConnectMode(planning, mode);
+    auto c = Connecting(planning, mode == 'C' ? 'C' : 'U');
+    const char r = ok && c ? '1' : '0';
+    (void)!write(ready[1], &r, 1);
+    for (;;) pause();
+  }
+  char r = '0';
+  (void)!read(ready[0], &r, 1);
+  return r == '1' ? pid : -1;
+}
+
+void stop(pid_t pid) {
+  kill(pid, SIGKILL);
+  waitpid(pid, nullptr, 0);
+}
+
+}  // namespace
+
+TEST_F(Session, OpensTheLastPlanningInNormalMode) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->firstFocus(false);
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->connection()->mode(), 'U');
+  EXPECT_EQ(view.caption, "Kestrovane [" + path + "]");
+  EXPECT_EQ(view.scrolled, std::make_pair(0, 42));
+  EXPECT_EQ(view.draws, 1);
+  EXPECT_EQ(readLockFile(lockPathOf(path))->normalMode, -1);
+  EXPECT_TRUE(menuVisible("M_Booking"));
+  EXPECT_TRUE(menuEnabled("M_Close"));
+  EXPECT_EQ(s->objects().DataBaseInfo.recordCount(), 1);
+  EXPECT_TRUE(messages.shown().empty());
+
+  s->M_Close();
+  EXPECT_FALSE(s->IsOpen);
+  EXPECT_FALSE(QFile::exists(lockPathOf(path)));
+  EXPECT_FALSE(QFile::exists(rosterPathOf(path)));
+  EXPECT_EQ(view.caption, "Kestrovane");
+  EXPECT_FALSE(menuEnabled("M_Close"));
+  EXPECT_EQ(ini.GetValue("Remember", "LastFile"), "");
+}
+
+TEST_F(Session, ADeletedLastFileOpensNothingAndIsForgotten) {
+  ini.SetValue("Remember", "LastFile", folders.document("Gone.ksv"));
+  auto s = session();
+  s->firstFocus(false);
+  EXPECT_FALSE(s->IsOpen);
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(ini.GetValue("Remember", "LastFile"), "");
+  EXPECT_EQ(view.caption, "Kestrovane");
+  EXPECT_FALSE(menuEnabled("M_Booking"));
+  EXPECT_TRUE(menuEnabled("M_CompactRepair"));
+}
+
+TEST_F(Session, CapsLockQuestion) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  {
+    auto s = session();
+    messages.answer(MsgAnswer::Yes);  // yes, prevent the loading
+    s->firstFocus(true);
+    EXPECT_FALSE(s->IsOpen);
+    EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+    s->firstFocus(false);  // the first focus runs once only
+    EXPECT_FALSE(s->IsOpen);
+  }
+  auto s = session();
+  messages.answer(MsgAnswer::No);
+  s->firstFocus(true);
+  EXPECT_TRUE(s->IsOpen);
+}
+
+TEST_F(Session, NormalModeTakenElsewhereFallsBackToConsultation) {
+  const QString path = makePlanning("Hotel.ksv");
+  const pid_t other = workstation(path, 'U');
+  ASSERT_GT(other, 0);
+  ini.SetValue("Remember", "LastFile", path);
+  ini.SetValue("Reservation", "Updating", "O");
+  auto s = session();
+  s->firstFocus(false);
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->connection()->mode(), 'C');
+  EXPECT_EQ(ini.GetValue("Reservation", "Updating"), "N");
+  EXPECT_EQ(view.usersShown, QList<int>{txt::RosterNormalMode});
+  EXPECT_TRUE(menuVisible("M_Consulting"));
+  EXPECT_FALSE(menuVisible("M_Booking"));
+  EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 1);
+  EXPECT_EQ(liveConnections(path).size(), 2);
+  s.reset();
+  stop(other);
+}
+
+TEST_F(Session, TwoConsultationWorkstationsShareTheCount) {
+  const QString path = makePlanning("Hotel.ksv");
+  const pid_t other = workstation(path, 'C');
+  ASSERT_GT(other, 0);
+  ini.SetValue("Remember", "LastFile", path);
+  ini.SetValue("Reservation", "Updating", "N");
+  auto s = session();
+  s->firstFocus(false);
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 2);
+  s->M_Close();
+  EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 1);
+  stop(other);
+  // The dead workstation left a count; its roster went with it, so the next open clears it.
+  view.openAnswer = path;
+  s->M_OPen();
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 1);
+}
+
+TEST_F(Session, AutoCompactWaitsWhenExclusiveIsRefused) {
+  const QString path = makePlanning("Hotel.ksv");
+  const pid_t other = workstation(path, 'C');
+  ASSERT_GT(other, 0);
+  ini.SetValue("Remember", "LastFile", path);
+  ini.SetValue("Remember", "AutoCompact", "261101");  // three weeks ago
+  auto s = session();
+  s->firstFocus(false);
+  EXPECT_TRUE(s->IsOpen);
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(ini.GetValue("Remember", "AutoCompact"), "261122");
+  EXPECT_FALSE(QFile::exists(folders.document("Hotel~BeforeCompact.ksv")));
+  s.reset();
+  stop(other);
+}
+
+TEST_F(Session, AutoCompactRunsSilentlyAndRemovesItsSafetyCopy) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  ini.SetValue("Remember", "AutoCompact", "261115");  // seven days ago
+  auto s = session();
+  s->firstFocus(false);
+  EXPECT_TRUE(s->IsOpen);
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(ini.GetValue("Remember", "AutoCompact"), "261122");
+  EXPECT_FALSE(QFile::exists(folders.document("Hotel~BeforeCompact.ksv")));
+  EXPECT_FALSE(QFile::exists(folders.document("Hotel~Compact.ksv")));
+}
+
+TEST_F(Session, ADamagedPlanningIsOfferedOneRepair) {
+  const QString path = folders.document("Broken.ksv");
+  QFile f(path);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write(QByteArray(4096, 'x'));
+  f.close();
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  messages.answer(MsgAnswer::Yes);
+  s->firstFocus(false);
+  EXPECT_FALSE(s->IsOpen);
+  // One repair question, the repair's own failure, and no second question.
+  EXPECT_EQ(messages.texts(), (QStringList{texts.get(txt::CannotOpenRepair), texts.get(txt::CopyError)}));
+  EXPECT_FALSE(QFile::exists(lockPathOf(path)));
+  EXPECT_EQ(ini.GetValue("Remember", "LastFile"), "");
+}
+
+TEST_F(Session, SwitchingModesReopens) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->firstFocus(false);
+  s->M_UpdateToConsult();
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->connection()->mode(), 'C');
+  EXPECT_EQ(ini.GetValue("Reservation", "Updating"), "N");
+  EXPECT_FALSE(menuEnabled("M_Example"));
+  s->M_ConsultToUpdate();
+  EXPECT_EQ(s->connection()->mode(), 'U');
+  EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 0);
+  EXPECT_EQ(readLockFile(lockPathOf(path))->normalMode, -1);
+}
+
+TEST_F(Session, NewNeverOverwritesAndOffersThePrincipalQuestion) {
+  const QString existing = makePlanning("Hotel.ksv");
+  auto s = session();
+  view.saveAnswer = existing;
+  s->M_New();
+  EXPECT_EQ(messages.last().text, "The Planning - " + existing + " - exists already");
+  EXPECT_FALSE(s->IsOpen);
+
+  view.saveAnswer = folders.document("Annexe");
+  messages.answer(MsgAnswer::Yes);
+  s->M_New();
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->current.full(), folders.document("Annexe.ksv"));
+  EXPECT_EQ(messages.last().text, texts.get(txt::BecomePrincipal));
+  EXPECT_EQ(ini.GetValue("Remember", "MyPlanning"), folders.document("Annexe.ksv"));
+  EXPECT_FALSE(menuEnabled("M_Remember_Main"));
+}
+
+TEST_F(Session, SaveWhileAnotherWorkstationWorks) {
+  const QString path = makePlanning("Hotel.ksv");
+  const pid_t other = workstation(path, 'U');
+  ASSERT_GT(other, 0);
+  ini.SetValue("Remember", "LastFile", path);
+  ini.SetValue("Reservation", "Updating", "N");
+  auto s = session();
+  s->firstFocus(false);
+  ASSERT_TRUE(s->IsOpen);
+
+  view.saveAnswer = path;
+  s->M_Save();
+  EXPECT_EQ(view.lastSuggested, folders.document("Hotel_BackUp11222026.ksv"));
+  EXPECT_EQ(messages.last().text, texts.get(txt::SaveOnItself));
+
+  const QString target = folders.document("Copy.ksv");
+  view.saveAnswer = target;
+  s->M_Save();
+  EXPECT_EQ(messages.last().text, "Save  successful");
+  EXPECT_TRUE(QFileInfo::exists(target));
+
+  messages.answer(MsgAnswer::No);  // do not replace the copy
+  s->M_Save();
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  s.reset();
+  stop(other);
+}
+
+TEST_F(Session, PurgeAsksWithNoPreselectedAndKeepsTheLimit) {
+  const QString path = makePlanning("Hotel.ksv");
+  {
+    Database db(path, Database::OpenMode::ReadWrite);
+    insertRow(db, "Reservation", {{"Resource", "1"}, {"Date_Deb", QDate(2023, 10, 1)}, {"Date_Fin", QDate(2023, 11, 1)},
+                                  {"Nom", "Kept"}, {"GroupId", "C"}});
+    insertRow(db, "Reservation", {{"Resource", "1"}, {"Date_Deb", QDate(2023, 10, 1)}, {"Date_Fin", QDate(2023, 10, 31)},
+                                  {"Nom", "Purged"}, {"GroupId", "C"}});
+  }
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->firstFocus(false);
+  messages.answer(MsgAnswer::Yes);
+  s->M_Purge();
+  EXPECT_EQ(messages.shown()[0].text, "Do you really want to purge bookings previous to the : 11/1/2023");
+  EXPECT_EQ(messages.shown()[0].preselected, MsgAnswer::No);
+  EXPECT_EQ(messages.last().text, "Purge successful");
+  EXPECT_EQ(s->objects().Reservation.recordCount(), 1);
+}
