@@ -3,14 +3,8 @@
 #include <cstdio>
 
 #include <QApplication>
-#include <QDir>
 
-#include "core/clock.h"
-#include "core/paths.h"
-#include "core/texts.h"
-#include "core/ui/qt_messages.h"
-#include "storage/start_checks.h"
-#include "main_window.h"
+#include "planning_app.h"
 #include "version.h"
 
 namespace {
@@ -41,28 +35,5 @@ int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Kestrovane"));
   QApplication::setApplicationVersion(QStringLiteral(KSV_VERSION_TEXT));
-
-  ksv::Texts texts(0);
-  ksv::QtMessages messages(nullptr, texts);
-
-  const ksv::SingleInstance instance(ksv::SingleInstance::defaultLockPath());
-  if (!instance.isFirst()) {
-    messages.critical(texts.get(ksv::txt::AlreadyRunning));
-    return 1;
-  }
-  const ksv::SystemClock clock;
-  if (!ksv::systemDateUsable(clock.today())) {
-    messages.information(texts.get(ksv::txt::ChristianDate));
-    return 1;
-  }
-  const QString documents = ksv::Paths::systemDocumentsDir();
-  if (documents.isEmpty()) {
-    messages.critical(texts.get(ksv::txt::SystemIncident));
-    return 1;
-  }
-  const ksv::Paths paths(ksv::Paths::programDirFor(QCoreApplication::applicationDirPath()), documents);
-
-  ksv::MainWindow window(texts);
-  window.show();
-  return app.exec();
+  return ksv::runPlanningWindow(app);
 }

@@ -1,6 +1,7 @@
 #include "main_window.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPalette>
@@ -64,6 +65,11 @@ void MainWindow::applyMenus() {
 void MainWindow::setHandler(const QString& entry, std::function<void()> handler) {
   handlers_[entry] = std::move(handler);
   applyMenus();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (onClose) onClose();
+  event->accept();
 }
 
 QAction* MainWindow::action(const QString& entry) const {

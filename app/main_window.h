@@ -27,6 +27,11 @@ class MainWindow : public QMainWindow {
   void setHandler(const QString& entry, std::function<void()> handler);
   QAction* action(const QString& entry) const;
   QMenu* menu(const QString& name) const;
+  // Runs when the window closes (Form_Unload).
+  std::function<void()> onClose;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void buildMenus();

@@ -392,10 +392,14 @@ int PlanningSession::refreshInterval() const {
   return (seconds > 0 ? seconds : 30) * 1000;
 }
 
-void PlanningSession::refreshTick(bool planningWindowActive) {
+bool PlanningSession::refreshWanted() const {
   // Normal mode never polls: its own writes are the only ones.
-  if (!planningWindowActive || drawing || normalMode() || !IsOpen) return;
-  if (ctx_.ini.GetValue(QLatin1String("Reservation"), QLatin1String("RefreshScreen")) != QLatin1String("O")) return;
+  return IsOpen && !normalMode() &&
+         ctx_.ini.GetValue(QLatin1String("Reservation"), QLatin1String("RefreshScreen")) == QLatin1String("O");
+}
+
+void PlanningSession::refreshTick(bool planningWindowActive) {
+  if (!planningWindowActive || drawing || !refreshWanted()) return;
   objects_.Reservation.requery();
   view_.Dessiner_Ecran();
 }

@@ -123,6 +123,8 @@ class PlanningSession {
   // The refresh timer's tick: only a consultation workstation polls.
   void refreshTick(bool planningWindowActive);
   int refreshInterval() const;
+  // True when the board polls for other workstations' changes.
+  bool refreshWanted() const;
 
   void Form_Unload();
 

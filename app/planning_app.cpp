@@ -1,0 +1,145 @@
+#include "planning_app.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "board/screen_description.h"
+#include "board/ui/ecran_dialog.h"
+#include "config/charger_param.h"
+#include "config/ini_file.h"
+#include "config/legacy_options.h"
+#include "config/langage.h"
+#include "config/option_in_planning.h"
+#include "config/reg_settings.h"
+#include "config/start_options.h"
+#include "config/ui/langage_dialog.h"
+#include "config/ui/reg_settings_dialog.h"
+#include "core/clock.h"
+#include "core/paths.h"
+#include "core/regional.h"
+#include "core/texts.h"
+#include "core/ui/qt_messages.h"
+#include "main_window.h"
+#include "net/ui/pass_word_dialog.h"
+#include "qt_session_view.h"
+#include "storage/planning_session.h"
+#include "storage/start_checks.h"
+#include "version.h"
+#include "window_placement.h"
+
+namespace ksv {
+namespace {
+
+void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& view, Messages& messages,
+               const Texts& texts) {
+  auto on = [&w](const char* entry, std::function<void()> f) { w.setHandler(QString::fromLatin1(entry), std::move(f)); };
+  on("M_New", [&] { s.M_New(); });
+  on("M_OPen", [&] { s.M_OPen(); });
+  on("M_OpenConsult", [&] { s.M_OPen(); });
+  on("M_OPen_Main", [&] { s.M_OPen_Main(); });
+  on("M_Consult_Open_Main", [&] { s.M_OPen_Main(); });
+  on("M_Remember_Main", [&] { s.M_Remember_Main(); });
+  on("M_Consult_Remember_Main", [&] { s.M_Remember_Main(); });
+  on("M_Close", [&] { s.M_Close(); });
+  on("M_CloseConsult", [&] { s.M_Close(); });
+  on("M_UpdateToConsult", [&] { s.M_UpdateToConsult(); });
+  on("M_ConsultToUpdate", [&] { s.M_ConsultToUpdate(); });
+  on("M_Exit", [&] { s.M_Exit(); });
+  on("M_ExitConsult", [&] { s.M_Exit(); });
+  on("M_Save", [&] { s.M_Save(); });
+  on("M_Extract", [&] { s.M_Extract(); });
+  on("M_CompactRepair", [&] { s.M_CompactRepair(); });
+  on("M_Purge", [&] { s.M_Purge(); });
+  on("M_EliminerNull", [&] { s.M_EliminerNull(); });
+  on("M_Example", [&] { s.M_Example(); });
+  on("M_Memorize", [&] { M_Memorize(w, ini); });
+  on("M_Restore", [&] { M_Restore(w, ini); });
+  on("M_Users", [&] { view.showUsers(0); });
+  on("M_SaveOption", [&] {
+    if (s.IsOpen) M_SaveOption(s.connection()->db(), ini, messages, texts);
+  });
+  on("M_RestoreOption", [&] {
+    if (!s.IsOpen) return;
+    view.stopRefreshTimer();
+    M_RestoreOption(s.connection()->db(), ini, s.Updating, messages, texts);
+  });
+}
+
+}  // namespace
+
+int runPlanningWindow(QApplication& app) {
+  Texts texts(0);
+  QtMessages messages(nullptr, texts);
+  const SystemClock clock;
+
+  // Steps 1 to 3: one instance, a usable date, a documents folder.
+  const SingleInstance instance(SingleInstance::defaultLockPath());
+  if (!instance.isFirst()) {
+    messages.critical(texts.get(txt::AlreadyRunning));
+    return 1;
+  }
+  if (!systemDateUsable(clock.today())) {
+    messages.information(texts.get(txt::ChristianDate));
+    return 1;
+  }
+  const QString documents = Paths::systemDocumentsDir();
+  if (documents.isEmpty()) {
+    messages.critical(texts.get(txt::SystemIncident));
+    return 1;
+  }
+  const Paths paths(Paths::programDirFor(QCoreApplication::applicationDirPath()), documents);
+
+  // Steps 4 to 6: the ini file, the language, the access code.
+  StartOptionsHooks hooks;
+  hooks.runningVersion = QStringLiteral(KSV_VERSION_SHORT);
+  hooks.legacyStorePath = defaultLegacyOptionsPath();
+  hooks.installerLanguage = [] { return sessionLanguage(); };
+  hooks.askLanguage = [&paths] {
+    IniFile ini(paths.iniFile());
+    return LangageDialog::ask(ini) >= kFrenchOffset ? Language::Fr : Language::En;
+  };
+  hooks.showPassWord = [&texts](const QString& expected) { return PassWordDialog::ask(expected, texts); };
+  const StartOptionsResult started = startOptions(paths, clock, messages, texts, hooks);
+  if (!started.proceed) return 1;
+
+  IniFile ini(paths.iniFile());
+  // First run: the screen, and a warning when it is not one the board was drawn for.
+  ScreenDescription screen;
+  if (started.firstRun) {
+    EcranDialog(screen, texts).exec();
+    if (!isDesignedScreen(screen)) {
+      messages.information(texts.get(txt::UnusualScreen));
+      EcranDialog(screen, texts).exec();
+    }
+  } else {
+    EcranDialog::readActualScreen(screen);
+  }
+
+  // Step 8: the window's place, the options, the regional settings.
+  MainWindow window(texts);
+  M_Restore(window, ini);
+  const LoadedOptions options = Charger_Param(ini, clock);
+  if (options.regionalSetting) {
+    DesktopRegionPanel panel(messages, texts);
+    const bool accepted = VerifyRegSettings([] { return Regional::fromSystem(); }, texts, panel,
+                                            [&window](RegSettingsPresenter& p) { RegSettingsDialog::show(p, &window); });
+    if (!accepted) return 1;
+  }
+
+  const Regional regional = Regional::fromSystem();
+  QtSessionView view(window, messages, texts);
+  PlanningSession session({messages, texts, clock, paths, ini, window.menuModel(), regional}, view);
+  view.attach(&session);
+  session.firstRun = started.firstRun;
+  wireMenus(window, session, ini, view, messages, texts);
+  window.onClose = [&session] { session.Form_Unload(); };
+  session.Show_Title();
+  session.Empty_Board();
+  window.show();
+
+  // The last planning opens once the window is on the screen.
+  QTimer::singleShot(0, &window, [&session] { session.firstFocus(capsLockOn()); });
+  return app.exec();
+}
+
+}  // namespace ksv

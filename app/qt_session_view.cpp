@@ -1,0 +1,95 @@
+#include "qt_session_view.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+
+#include "core/messages.h"
+#include "core/texts.h"
+#include "main_window.h"
+#include "net/ui/pass_word_dialog.h"
+#include "net/ui/users_list_dialog.h"
+#include "net/users_list.h"
+
+namespace ksv {
+
+QtSessionView::QtSessionView(MainWindow& window, Messages& messages, const Texts& texts)
+    : window_(window), messages_(messages), texts_(texts) {
+  QObject::connect(&refresh_, &QTimer::timeout, &window_, [this] {
+    if (session_) session_->refreshTick(QApplication::activeWindow() == &window_);
+  });
+}
+
+void QtSessionView::setCaption(const QString& caption) { window_.setWindowTitle(caption); }
+void QtSessionView::applyMenus() { window_.applyMenus(); }
+
+void QtSessionView::setHourglass(bool on) {
+  // Balanced, so that nested steps never leave the pointer stuck.
+  if (on) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ++hourglassDepth_;
+  } else if (hourglassDepth_ > 0) {
+    QApplication::restoreOverrideCursor();
+    --hourglassDepth_;
+  }
+}
+
+// The board is drawn by the board's own widget once it exists; until then the
+// window shows its empty board area.
+void QtSessionView::Dessiner_Ecran() {
+  refresh_.stop();
+  window_.centralWidget()->update();
+  if (session_ && session_->refreshWanted()) refresh_.start(session_->refreshInterval());
+}
+void QtSessionView::eraseBoard() { window_.centralWidget()->update(); }
+void QtSessionView::RestoreDayColor() {}
+void QtSessionView::scrollTo(int, int) {}
+int QtSessionView::todayOffset() const { return 0; }
+
+QString QtSessionView::filter() const {
+  // The table keeps the "label|pattern" form; the dialog wants "label (pattern)".
+  return texts_.get(txt::PlanningFilter).section(QLatin1Char('|'), 0, 0);
+}
+
+QString QtSessionView::askOpenFileName(const QString& initialDir) {
+  return QFileDialog::getOpenFileName(&window_, QString(), initialDir, filter());
+}
+
+QString QtSessionView::askSaveFileName(const QString& initialDir, const QString& suggested) {
+  QFileDialog dialog(&window_, QString(), initialDir, filter());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("ksv"));
+  // The dialog itself never overwrites: every command asks its own question.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, true);
+  if (!suggested.isEmpty()) dialog.selectFile(suggested);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return QString();
+  return dialog.selectedFiles().front();
+}
+
+void QtSessionView::showUsers(int rosterMessage) {
+  int message = rosterMessage;
+  UsersContext context;
+  context.openPlanning = session_ ? session_->openFile : QString();
+  context.currentFile = session_ ? session_->current.full() : QString();
+  context.askFile = [this] { return askOpenFileName(QDir::homePath()); };
+  context.show = [this](const UsersListPresenter& p) { UsersListDialog::show(p, &window_); };
+  M_Users(message, context, messages_, texts_);
+}
+
+bool QtSessionView::passWord(const QString& expected) { return PassWordDialog::ask(expected, texts_, &window_); }
+
+void QtSessionView::stopRefreshTimer() { refresh_.stop(); }
+void QtSessionView::startRefreshTimer(int milliseconds) { refresh_.start(milliseconds); }
+void QtSessionView::closeWindow() { window_.close(); }
+
+bool capsLockOn() {
+  const QDir leds(QStringLiteral("/sys/class/leds"));
+  for (const QString& led : leds.entryList({QStringLiteral("*capslock*")}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+    QFile f(leds.filePath(led) + QStringLiteral("/brightness"));
+    if (f.open(QIODevice::ReadOnly) && f.readAll().trimmed() != "0") return true;
+  }
+  return false;
+}
+
+}  // namespace ksv
