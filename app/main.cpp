@@ -4,11 +4,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QTextStream>
 
 #include "core/clock.h"
 #include "core/paths.h"
+#include "core/printing_messages.h"
 #include "core/texts.h"
 #include "core/ui/qt_messages.h"
+#include "storage/command_line.h"
 #include "storage/start_checks.h"
 #include "main_window.h"
 #include "version.h"
@@ -23,9 +26,22 @@ void printHelp() {
       "  --help      print this help and exit\n");
 }
 
+// The commands for scripts: no window, the same file operations.
+int commandLine(int argc, char* argv[]) {
+  QCoreApplication app(argc, argv);
+  QTextStream out(stdout), err(stderr);
+  const ksv::Texts texts(qEnvironmentVariable("LANG").startsWith(QLatin1String("fr")) ? ksv::kFrenchOffset : 0);
+  ksv::PrintingMessages messages(err, texts);
+  const ksv::Paths paths(ksv::Paths::programDirFor(QCoreApplication::applicationDirPath()),
+                         ksv::Paths::systemDocumentsDir());
+  const ksv::SystemClock clock;
+  return ksv::runCommandLine(app.arguments().mid(1), out, err, messages, texts, paths, clock);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (argc > 1 && ksv::isCommand(QString::fromLocal8Bit(argv[1]))) return commandLine(argc, argv);
   for (int i = 1; i < argc; ++i) {
     const QByteArray arg(argv[i]);
     if (arg == "--version") {
