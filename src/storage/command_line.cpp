@@ -213,12 +213,14 @@ class CommandRun {
     } catch (const StorageError& e) {
       // A file SQLite cannot read at all is no planning; one it reads in part
       // is a damaged planning.
-      if (version.isEmpty() && integrity.isEmpty() && !e.message().contains(QLatin1String("malformed"))) {
+      constexpr int kSqliteCorrupt = 11;
+      if (version.isEmpty() && e.primaryCode() != kSqliteCorrupt) {
         messages_.critical(texts_.withName(txt::NotAPlanning, file));
         return kExitFailed;
       }
       integrity = e.message();
     }
+    integrity = integrity.section(QLatin1Char('\n'), 0, 0);  // the first fault says enough
     say(txt::CliPlanning, file);
     say(txt::CliVersion, version);
     const bool sound = integrity == QLatin1String("ok");

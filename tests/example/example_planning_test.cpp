@@ -101,7 +101,9 @@ TEST_F(ExamplePlanning, NoRoomSleepsTwoPartiesOnOneNight) {
     std::sort(list.begin(), list.end(), [](const Booking& a, const Booking& b) { return a.first < b.first; });
     for (int i = 1; i < list.size(); ++i)
       EXPECT_GE(list[i].first, list[i - 1].last)
-          << resource.toStdString() << ": " << list[i - 1].nom.toStdString() << " and " << list[i].nom.toStdString();
+          << resource.toStdString() << ": " << list[i - 1].nom.toStdString() << " leaves on "
+          << list[i - 1].last.toString(Qt::ISODate).toStdString() << ", " << list[i].nom.toStdString()
+          << " arrives on " << list[i].first.toString(Qt::ISODate).toStdString();
   }
 }
 

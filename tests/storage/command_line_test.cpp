@@ -249,6 +249,20 @@ TEST_F(CommandLine, PurgeKeepsTheYearsOfTheOptionsWithoutAsking) {
   EXPECT_TRUE(outLines().contains("Bookings that left before the 2025-11-01 are deleted"));
 }
 
+TEST_F(CommandLine, PurgeWaitsWhileAnotherCompacts) {
+  booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
+  Workstation reader(path, 'C');  // someone is connected, so the lock is no leftover
+  ASSERT_TRUE(reader.connection);
+  const QByteArray compacting("\x01\0\0\0\xff\xff", 6);
+  writeFile(lockPathOf(path), compacting);
+  EXPECT_EQ(run({"purge", path}), kExitInUse);
+  EXPECT_EQ(names(path), QStringList{"Left long ago"});
+  EXPECT_EQ(contentOf(lockPathOf(path)), compacting);
+  writeFile(lockPathOf(path), QByteArray("\x01\0\0\0\0\0", 6));
+  EXPECT_EQ(run({"purge", path}), kExitDone) << "consultations do not stop a purge";
+  EXPECT_TRUE(names(path).isEmpty());
+}
+
 TEST_F(CommandLine, YearKeepFallsBackToThreeYears) {
   EXPECT_EQ(yearKeepOption(folders.paths()), 3);
   writeFile(folders.paths().iniFile(), "[Reservation]\nYearKeep=\n");
