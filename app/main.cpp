@@ -3,37 +3,46 @@
 #include <cstdio>
 
 #include <QApplication>
+#include <QTextStream>
 
+#include "core/clock.h"
+#include "core/paths.h"
+#include "core/printing_messages.h"
+#include "core/texts.h"
 #include "planning_app.h"
+#include "storage/command_line.h"
 #include "version.h"
 
 namespace {
 
-void printHelp() {
-  std::printf(
-      "Usage: kestrovane [OPTION]\n"
-      "Reservations for small hotels and guest houses.\n\n"
-      "  --version   print the version and exit\n"
-      "  --help      print this help and exit\n");
+// The commands for scripts: no window, the same file operations.
+int commandLine(int argc, char* argv[]) {
+  QCoreApplication app(argc, argv);
+  QTextStream out(stdout), err(stderr);
+  const ksv::Texts texts(qEnvironmentVariable("LANG").startsWith(QLatin1String("fr")) ? ksv::kFrenchOffset : 0);
+  ksv::PrintingMessages messages(err, texts);
+  const ksv::Paths paths(ksv::Paths::programDirFor(QCoreApplication::applicationDirPath()),
+                         ksv::Paths::systemDocumentsDir());
+  const ksv::SystemClock clock;
+  return ksv::runCommandLine(app.arguments().mid(1), out, err, messages, texts, paths, clock);
 }
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (argc > 1 && ksv::isCommand(QString::fromLocal8Bit(argv[1]))) return commandLine(argc, argv);
+  bool example = false;
   for (int i = 1; i < argc; ++i) {
     const QByteArray arg(argv[i]);
     if (arg == "--version") {
       std::printf("Kestrovane %s\n", KSV_VERSION_TEXT);
       return 0;
     }
-    if (arg == "--help" || arg == "-h") {
-      printHelp();
-      return 0;
-    }
+    if (arg == "--example") example = true;
   }
 
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Kestrovane"));
   QApplication::setApplicationVersion(QStringLiteral(KSV_VERSION_TEXT));
-  return ksv::runPlanningWindow(app);
+  return ksv::runPlanningWindow(app, example);
 }

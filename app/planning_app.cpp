@@ -22,6 +22,7 @@
 #include "main_window.h"
 #include "net/ui/pass_word_dialog.h"
 #include "qt_session_view.h"
+#include "storage/install_example.h"
 #include "storage/planning_session.h"
 #include "storage/start_checks.h"
 #include "version.h"
@@ -67,7 +68,7 @@ void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& v
 
 }  // namespace
 
-int runPlanningWindow(QApplication& app) {
+int runPlanningWindow(QApplication& app, bool openExample) {
   Texts texts(0);
   QtMessages messages(nullptr, texts);
   const SystemClock clock;
@@ -131,6 +132,7 @@ int runPlanningWindow(QApplication& app) {
   PlanningSession session({messages, texts, clock, paths, ini, window.menuModel(), regional}, view);
   view.attach(&session);
   session.firstRun = started.firstRun;
+  session.Install_Example = [&] { return Install_Example(paths, clock, messages, texts); };
   wireMenus(window, session, ini, view, messages, texts);
   window.onClose = [&session] { session.Form_Unload(); };
   session.Show_Title();
@@ -138,7 +140,12 @@ int runPlanningWindow(QApplication& app) {
   window.show();
 
   // The last planning opens once the window is on the screen.
-  QTimer::singleShot(0, &window, [&session] { session.firstFocus(capsLockOn()); });
+  QTimer::singleShot(0, &window, [&session, openExample] {
+    if (openExample)
+      session.M_Example();
+    else
+      session.firstFocus(capsLockOn());
+  });
   return app.exec();
 }
 

@@ -7,6 +7,8 @@ class QApplication;
 namespace ksv {
 
 // Runs the Planning window; returns the process's exit code.
-int runPlanningWindow(QApplication& app);
+// With `openExample`, the window starts on the example planning instead of
+// the last one.
+int runPlanningWindow(QApplication& app, bool openExample = false);
 
 }  // namespace ksv

@@ -1,0 +1,375 @@
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTextStream>
+
+#include "core/clock.h"
+#include "core/printing_messages.h"
+#include "core/texts.h"
+#include "storage/command_line.h"
+#include "storage/connecting.h"
+#include "storage/creation.h"
+#include "storage/lock_file.h"
+#include "storage/roster.h"
+#include "storage/schema.h"
+#include "storage/sqlite_db.h"
+#include "support/scripted_messages.h"
+#include "support/temp_folders.h"
+
+using namespace ksv;
+
+namespace {
+
+QByteArray contentOf(const QString& path) {
+  QFile f(path);
+  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+  QFile f(path);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+  f.write(bytes);
+}
+
+// A workstation working on the planning in normal mode, as a session holds it.
+struct Workstation {
+  explicit Workstation(const QString& path, char mode = 'U') : path(path), mode(mode) {
+    granted = RequestConnectMode(path, mode);
+    connection = Connecting(path, mode);
+  }
+  ~Workstation() {
+    connection = {};
+    if (granted) ReleaseConnectMode(path, mode);
+  }
+  QString path;
+  char mode;
+  bool granted = false;
+  ConnectResult connection;
+};
+
+class CommandLine : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path = folders.document("Hotel.ksv");
+    ASSERT_TRUE(Creation(path, {messages, texts, folders.paths()}));
+  }
+  int run(const QStringList& args) {
+    outText.clear();
+    errText.clear();
+    messages.clear();
+    QTextStream out(&outText), err(&errText);
+    return runCommandLine(args, out, err, messages, texts, folders.paths(), clock);
+  }
+  QStringList outLines() const { return outText.split('\n', Qt::SkipEmptyParts); }
+  Database open(const QString& file) { return Database(file, Database::OpenMode::ReadWrite); }
+  void booking(const QString& file, const QString& nom, QDate first, QDate last, QVariant invNb = {}) {
+    Database db = open(file);
+    insertRow(db, "Reservation", {{"Resource", "101"}, {"Date_Deb", first}, {"Date_Fin", last}, {"Nom", nom},
+                                  {"GroupId", "C"}, {"GroupNb", 0}, {"InvNb", invNb}});
+  }
+  QStringList names(const QString& file) {
+    Database db = open(file);
+    QStringList out;
+    Statement st = db.prepare("SELECT Nom FROM Reservation ORDER BY rowid");
+    while (st.step()) out << st.column(0).toString();
+    return out;
+  }
+  int count(const QString& file, const QString& sql) { return open(file).scalar(sql).toInt(); }
+
+  test::TempFolders folders;
+  test::ScriptedMessages messages;
+  const Texts texts{0};
+  const FixedClock clock{QDate(2026, 11, 22)};
+  QString path, outText, errText;
+};
+
+TEST_F(CommandLine, HelpListsEveryCommandAndBadCallsSaySo) {
+  EXPECT_EQ(run({"--help"}), kExitDone);
+  for (const char* line : {"new FILE", "compact FILE", "backup FILE TARGET", "extract FILE TARGET", "purge FILE",
+                           "check FILE", "--help"})
+    EXPECT_TRUE(outText.contains(line)) << line;
+  for (const char* command : {"new", "compact", "backup", "extract", "purge", "check", "--help"})
+    EXPECT_TRUE(isCommand(command)) << command;
+  EXPECT_FALSE(isCommand("--version"));
+  EXPECT_FALSE(isCommand(path)) << "a planning given to open is no command";
+
+  EXPECT_EQ(run({"frobnicate", path}), kExitWrongUsage);
+  EXPECT_TRUE(errText.startsWith("Unknown command: frobnicate"));
+  EXPECT_EQ(run({"backup", path}), kExitWrongUsage);
+  EXPECT_TRUE(errText.startsWith("Wrong number of file names for the command backup"));
+  EXPECT_EQ(run({"purge"}), kExitWrongUsage);
+  EXPECT_EQ(run({"check", path, path}), kExitWrongUsage);
+  EXPECT_TRUE(outText.isEmpty());
+}
+
+TEST_F(CommandLine, NewMakesAPlanningAndNeverOverwrites) {
+  const QString fresh = folders.document("Annex.ksv");
+  EXPECT_EQ(run({"new", fresh}), kExitDone);
+  EXPECT_EQ(outLines(), QStringList{"New planning: " + fresh});
+  {
+    ConnectResult c = Connecting(fresh, 'C');
+    ASSERT_TRUE(c);
+    EXPECT_EQ(c.connection->db().scalar("SELECT Version FROM DataBaseInfo").toString(), "5.20");
+  }
+  booking(fresh, "Already there", QDate(2026, 1, 1), QDate(2026, 1, 2));
+
+  EXPECT_EQ(run({"new", fresh}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The Planning - " + fresh + " - exists already"});
+  EXPECT_EQ(names(fresh), QStringList{"Already there"});
+
+  writeFile(folders.document("notes.txt"), "mine");
+  EXPECT_EQ(run({"new", folders.document("notes.txt")}), kExitFailed);
+  EXPECT_EQ(contentOf(folders.document("notes.txt")), "mine");
+  EXPECT_EQ(run({"new", folders.document("Other.txt")}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The file - " + folders.document("Other.txt") + " - is not a Planning"});
+  EXPECT_FALSE(QFile::exists(folders.document("Other.txt")));
+}
+
+TEST_F(CommandLine, CompactKeepsTheRowsAndGivesTheLockBack) {
+  {
+    Database db = open(path);
+    Transaction t(db);
+    for (int i = 0; i < 400; ++i)
+      insertRow(db, "Reservation", {{"Resource", "101"}, {"Date_Deb", QDate(2026, 1, 1)}, {"Date_Fin", QDate(2026, 1, 2)},
+                                    {"Nom", QString("Guest %1").arg(i)}, {"GroupId", "C"}});
+    t.commit();
+    db.exec("DELETE FROM Reservation WHERE Nom <> 'Guest 9'");
+  }
+  const qint64 before = QFileInfo(path).size();
+  EXPECT_EQ(run({"compact", path}), kExitDone);
+  EXPECT_LT(QFileInfo(path).size(), before);
+  EXPECT_EQ(names(path), QStringList{"Guest 9"});
+  EXPECT_EQ(outLines(), (QStringList{"Planning: " + path, "The file is repaired and compacted successfully"}));
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_FALSE(QFile::exists(lockPathOf(path)));
+
+  EXPECT_EQ(run({"compact", folders.document("Gone.ksv")}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The Planning - " + folders.document("Gone.ksv") + " - doesn't exist"});
+}
+
+TEST_F(CommandLine, CompactWaitsUntilNobodyWorksWithThePlanning) {
+  booking(path, "Mr Vidal", QDate(2026, 1, 1), QDate(2026, 1, 2));
+  for (char mode : {'U', 'C'}) {
+    SCOPED_TRACE(mode);
+    Workstation other(path, mode);
+    ASSERT_TRUE(other.granted && other.connection);
+    const QByteArray before = contentOf(path);
+    EXPECT_EQ(run({"compact", path}), kExitInUse);
+    ASSERT_EQ(messages.shown().size(), 2u);
+    EXPECT_EQ(messages.shown()[0].text, "The data base cannot be compact or repair because somebody is working with it.");
+    EXPECT_EQ(messages.shown()[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(messages.shown()[1].text, "Connected: " + computerName() + " / " + loginName());
+    EXPECT_EQ(contentOf(path), before);
+    // The other workstation keeps its lock.
+    const std::optional<LockRecord> lock = readLockFile(lockPathOf(path));
+    ASSERT_TRUE(lock);
+    EXPECT_EQ(mode == 'U' ? lock->normalMode : lock->consultations, mode == 'U' ? -1 : 1);
+    EXPECT_EQ(lock->exclusive, 0);
+  }
+  EXPECT_EQ(run({"compact", path}), kExitDone);
+}
+
+TEST_F(CommandLine, ALockLeftByACrashBlocksNothing) {
+  writeFile(lockPathOf(path), QByteArray("\0\0\xff\xff\0\0", 6));  // normal mode, nobody connected
+  EXPECT_EQ(run({"compact", path}), kExitDone);
+  writeFile(lockPathOf(path), QByteArray("\0\0\xff\xff\0\0", 6));
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  EXPECT_FALSE(QFile::exists(lockPathOf(path)));
+}
+
+// A second program working on the planning: it takes the lock U and
+// connects, then waits until it is killed, as a crash would end it.
+pid_t workstationProcess(const QString& path) {
+  int fds[2];
+  if (pipe(fds) != 0) return -1;
+  const pid_t pid = fork();
+  if (pid == 0) {
+    close(fds[0]);
+    const bool granted = RequestConnectMode(path, 'U');
+    ConnectResult c = Connecting(path, 'U');
+    const char ok = granted && c ? '1' : '0';
+    (void)!write(fds[1], &ok, 1);
+    for (;;) pause();
+  }
+  close(fds[1]);
+  char ok = '0';
+  (void)!read(fds[0], &ok, 1);
+  close(fds[0]);
+  return ok == '1' ? pid : -1;
+}
+
+TEST_F(CommandLine, PurgeIsRefusedWhileAnotherProgramWorksAndGoesOnOnceItDied) {
+  booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
+  const pid_t other = workstationProcess(path);
+  ASSERT_GT(other, 0);
+
+  EXPECT_EQ(run({"purge", path}), kExitInUse);
+  ASSERT_FALSE(messages.shown().empty());
+  EXPECT_EQ(messages.shown()[0].text,
+            "The data base cannot be open in normal mode because somebody is already working  in this mode.");
+  EXPECT_EQ(names(path), QStringList{"Left long ago"});
+  EXPECT_EQ(run({"check", path}), kExitDone);
+  EXPECT_TRUE(outLines().contains("Connected: " + computerName() + " / " + loginName()));
+  EXPECT_TRUE(outLines().contains("Normal mode taken: yes"));
+
+  kill(other, SIGKILL);
+  waitpid(other, nullptr, 0);
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  EXPECT_TRUE(names(path).isEmpty());
+}
+
+TEST_F(CommandLine, PurgeKeepsTheYearsOfTheOptionsWithoutAsking) {
+  // Today 2026-11-22 and three years kept: the limit is 2023-11-01.
+  booking(path, "Left before the limit", QDate(2023, 10, 20), QDate(2023, 10, 31), -4);
+  booking(path, "Left on the limit", QDate(2023, 10, 25), QDate(2023, 11, 1));
+  booking(path, "This year", QDate(2026, 2, 1), QDate(2026, 2, 3));
+  {
+    Database db = open(path);
+    insertRow(db, "Invoice", {{"InvoiceNb", -4}, {"Typ", "0"}, {"Lib", "Left before the limit"}, {"AddUp", "N"}});
+    insertRow(db, "Invoice", {{"InvoiceNb", -4}, {"Typ", "1"}, {"Lib", "Double room"}});
+    insertRow(db, "Invoice", {{"InvoiceNb", 12}, {"Typ", "0"}, {"Lib", "Bar"}, {"From", QDate(2023, 5, 2)}, {"AddUp", "Y"}});
+  }
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  EXPECT_TRUE(messages.shown().empty()) << "no question on the command line";
+  EXPECT_EQ(names(path), (QStringList{"Left on the limit", "This year"}));
+  EXPECT_EQ(count(path, "SELECT count(*) FROM Invoice"), 0) << "the booking's invoice and the old cash sale";
+  EXPECT_EQ(outLines(), (QStringList{"Planning: " + path, "Years kept: 3 (YearKeep)",
+                                     "Bookings that left before the 2023-11-01 are deleted", "Bookings deleted: 1",
+                                     "Purge successful"}));
+  EXPECT_FALSE(QFile::exists(lockPathOf(path)));
+
+  writeFile(folders.paths().iniFile(), "[Company]\r\nYearKeep=9\r\n[reservation]\r\nWithFrame=N\r\nyearkeep = 1\r\n");
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  EXPECT_EQ(names(path), QStringList{"This year"});
+  EXPECT_TRUE(outLines().contains("Bookings that left before the 2025-11-01 are deleted"));
+}
+
+TEST_F(CommandLine, PurgeWaitsWhileAnotherCompacts) {
+  booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
+  Workstation reader(path, 'C');  // someone is connected, so the lock is no leftover
+  ASSERT_TRUE(reader.connection);
+  const QByteArray compacting("\x01\0\0\0\xff\xff", 6);
+  writeFile(lockPathOf(path), compacting);
+  EXPECT_EQ(run({"purge", path}), kExitInUse);
+  EXPECT_EQ(names(path), QStringList{"Left long ago"});
+  EXPECT_EQ(contentOf(lockPathOf(path)), compacting);
+  writeFile(lockPathOf(path), QByteArray("\x01\0\0\0\0\0", 6));
+  EXPECT_EQ(run({"purge", path}), kExitDone) << "consultations do not stop a purge";
+  EXPECT_TRUE(names(path).isEmpty());
+}
+
+TEST_F(CommandLine, YearKeepFallsBackToThreeYears) {
+  EXPECT_EQ(yearKeepOption(folders.paths()), 3);
+  writeFile(folders.paths().iniFile(), "[Reservation]\nYearKeep=\n");
+  EXPECT_EQ(yearKeepOption(folders.paths()), 3);
+  writeFile(folders.paths().iniFile(), "[Reservation]\nYearKeep=three\n");
+  EXPECT_EQ(yearKeepOption(folders.paths()), 3) << "a typing error must not purge everything";
+  writeFile(folders.paths().iniFile(), "[Other]\nYearKeep=1\n");
+  EXPECT_EQ(yearKeepOption(folders.paths()), 3);
+  writeFile(folders.paths().iniFile(), "[Reservation]\nYearKeep=5\n");
+  EXPECT_EQ(yearKeepOption(folders.paths()), 5);
+}
+
+TEST_F(CommandLine, BackupIsMadeWhileOthersWorkAndNeverReplacesAFile) {
+  booking(path, "Mrs Fontanel", QDate(2026, 10, 1), QDate(2026, 10, 4));
+  Workstation other(path);
+  ASSERT_TRUE(other.granted && other.connection);
+  const QString target = folders.document("Hotel_BackUp.ksv");
+  EXPECT_EQ(run({"backup", path, target}), kExitDone);
+  EXPECT_EQ(outLines(), (QStringList{"Copy: " + target, "Save  successful"}));
+  EXPECT_EQ(names(target), QStringList{"Mrs Fontanel"});
+  EXPECT_FALSE(QFile::exists(folders.paths().tempPlanning()));
+
+  // An existing target: the question's preselected No is the command line's answer.
+  booking(path, "Mr Brennan", QDate(2026, 10, 1), QDate(2026, 10, 4));
+  messages.answer(MsgAnswer::No);
+  EXPECT_EQ(run({"backup", path, target}), kExitFailed);
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text, "This planning exists already\r\n\r\nDo you want to replace it ?");
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  EXPECT_EQ(names(target), QStringList{"Mrs Fontanel"});
+
+  EXPECT_EQ(run({"backup", path, path}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"You cannot save the planning on itself\r\n\r\nyou must give it another name"});
+}
+
+TEST_F(CommandLine, PrintedQuestionsTakeTheirPreselectedAnswer) {
+  const QString target = folders.document("Copy.ksv");
+  writeFile(target, "kept");
+  QString out, err;
+  QTextStream outStream(&out), errStream(&err);
+  PrintingMessages printing(errStream, texts);
+  EXPECT_EQ(runCommandLine({"extract", path, target}, outStream, errStream, printing, texts, folders.paths(), clock),
+            kExitFailed);
+  EXPECT_EQ(err, "This file exists already\nDo you want to replace it ? No\n");
+  EXPECT_TRUE(out.isEmpty());
+  EXPECT_EQ(contentOf(target), "kept");
+}
+
+TEST_F(CommandLine, ExtractKeepsOnlyWhatIsNotOver) {
+  booking(path, "Left last week", QDate(2026, 11, 10), QDate(2026, 11, 15));
+  booking(path, "Leaves today", QDate(2026, 11, 20), QDate(2026, 11, 22));
+  booking(path, "Arrives next month", QDate(2026, 12, 5), QDate(2026, 12, 8));
+  Workstation other(path);  // extraction works on a copy: others may go on
+  const QString target = folders.document("Hotel_Extraction.ksv");
+  EXPECT_EQ(run({"extract", path, target}), kExitDone);
+  EXPECT_EQ(outLines(), (QStringList{"Copy: " + target, "Extraction  successful"}));
+  EXPECT_EQ(names(target), (QStringList{"Leaves today", "Arrives next month"}));
+  EXPECT_EQ(names(path).size(), 3);
+  EXPECT_FALSE(QFile::exists(lockPathOf(target)));
+
+  EXPECT_EQ(run({"extract", path, path}), kExitFailed);
+  EXPECT_EQ(messages.texts(),
+            QStringList{"You cannot extract the planning on itself\r\n\r\nyou must give it another name"});
+}
+
+TEST_F(CommandLine, CheckTellsWhatTheFileIs) {
+  booking(path, "Mr Haddad", QDate(2026, 11, 20), QDate(2026, 11, 23));
+  EXPECT_EQ(run({"check", path}), kExitDone);
+  EXPECT_EQ(outLines(), (QStringList{"Planning: " + path, "Version: 5.20", "Integrity: ok", "Bookings: 1",
+                                     "Lock file: none", "Connected: nobody"}));
+  EXPECT_FALSE(QFile::exists(lockPathOf(path))) << "looking takes no lock";
+  EXPECT_FALSE(QFile::exists(rosterPathOf(path)));
+
+  const QString notes = folders.document("Notes.ksv");
+  writeFile(notes, QByteArray(8192, 'x'));
+  EXPECT_EQ(run({"check", notes}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The file - " + notes + " - is not a Planning"});
+
+  const QString empty = folders.document("Empty.ksv");
+  { Database db(empty, Database::OpenMode::Create); db.exec("CREATE TABLE Guests (Nom TEXT)"); }
+  EXPECT_EQ(run({"check", empty}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The file - " + empty + " - is not a Planning"});
+}
+
+TEST_F(CommandLine, CheckFindsADamagedPlanning) {
+  {
+    Database db = open(path);
+    Transaction t(db);
+    for (int i = 0; i < 3000; ++i)
+      insertRow(db, "Reservation", {{"Resource", "101"}, {"Date_Deb", QDate(2026, 1, 1)}, {"Date_Fin", QDate(2026, 1, 3)},
+                                    {"Nom", QString("Guest %1 with a long name").arg(i).left(25)}, {"GroupId", "C"}});
+    t.commit();
+  }
+  const qint64 size = QFileInfo(path).size();
+  {
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    f.seek((size / 2 / 4096) * 4096);
+    f.write(QByteArray(4096, '\x5a'));
+  }
+  EXPECT_EQ(run({"check", path}), kExitFailed);
+  ASSERT_GE(outLines().size(), 3);
+  EXPECT_EQ(outLines()[1], "Version: 5.20");
+  EXPECT_TRUE(outLines()[2].startsWith("Integrity: damaged (")) << outLines()[2].toStdString();
+  // And the command that repairs it.
+  EXPECT_EQ(run({"compact", path}), kExitDone);
+  EXPECT_EQ(run({"check", path}), kExitDone);
+}
+
+}  // namespace
