@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "config/ini_file.h"
 #include "connecting.h"
 #include "core/clock.h"
 #include "core/messages.h"
@@ -283,27 +284,10 @@ int runCommandLine(const QStringList& args, QTextStream& out, QTextStream& err, 
 }
 
 int yearKeepOption(const Paths& paths) {
-  constexpr int kDefault = 3;
-  QFile ini(paths.iniFile());
-  if (!ini.open(QIODevice::ReadOnly)) return kDefault;
-  // The ini file is 8-bit text of [Section] lines and Key=Value lines; names
-  // are found without regard to case.
-  const QStringList lines = QString::fromLatin1(ini.readAll()).split(QLatin1Char('\n'));
-  bool inSection = false;
-  for (QString line : lines) {
-    line = line.trimmed();
-    if (line.startsWith(QLatin1Char('['))) {
-      inSection = line.compare(QLatin1String("[Reservation]"), Qt::CaseInsensitive) == 0;
-      continue;
-    }
-    if (!inSection) continue;
-    const qsizetype eq = line.indexOf(QLatin1Char('='));
-    if (eq < 0 || line.left(eq).trimmed().compare(QLatin1String("YearKeep"), Qt::CaseInsensitive) != 0) continue;
-    bool ok = false;
-    const int years = line.mid(eq + 1).trimmed().toInt(&ok);
-    return ok && years >= 0 ? years : kDefault;
-  }
-  return kDefault;
+  // Read only: a script never rewrites the workstation's options.
+  bool ok = false;
+  const int years = IniFile(paths.iniFile()).GetValue("Reservation", "YearKeep").trimmed().toInt(&ok);
+  return ok ? years : 3;
 }
 
 }  // namespace ksv
