@@ -136,7 +136,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   wireMenus(window, session, ini, view, messages, texts);
   window.onClose = [&session] { session.Form_Unload(); };
   session.Show_Title();
-  session.Empty_Board();
+  session.showEmptyBoard();
   window.show();
 
   // The last planning opens once the window is on the screen.

@@ -21,6 +21,14 @@ MenuModel MenuModel::standard() {
     m.entries_.push_back(e);
   };
 
+  menu("M_Consulting", txt::M_Consulting, false);
+  item("M_Consulting", "M_OpenConsult", txt::M_OpenConsult);
+  item("M_Consulting", "M_Consult_Open_Main", txt::M_Consult_Open_Main);
+  item("M_Consulting", "M_Consult_Remember_Main", txt::M_Consult_Remember_Main);
+  item("M_Consulting", "M_CloseConsult", txt::M_CloseConsult);
+  item("M_Consulting", "M_ConsultToUpdate", txt::M_ConsultToUpdate, true);
+  item("M_Consulting", "M_ExitConsult", txt::M_ExitConsult, true);
+
   menu("M_File", txt::M_File);
   item("M_File", "M_New", txt::M_New);
   item("M_File", "M_OPen", txt::M_OPen);
@@ -76,14 +84,6 @@ MenuModel MenuModel::standard() {
   item("M_Tools", "M_Orlimbrook", txt::M_Orlimbrook, true);
   item("M_Tools", "M_Zellatide", txt::M_Zellatide);
   item("M_Tools", "M_EliminerNull", txt::M_EliminerNull, true);
-
-  menu("M_Consulting", txt::M_Consulting, false);
-  item("M_Consulting", "M_OpenConsult", txt::M_OpenConsult);
-  item("M_Consulting", "M_Consult_Open_Main", txt::M_Consult_Open_Main);
-  item("M_Consulting", "M_Consult_Remember_Main", txt::M_Consult_Remember_Main);
-  item("M_Consulting", "M_CloseConsult", txt::M_CloseConsult);
-  item("M_Consulting", "M_ConsultToUpdate", txt::M_ConsultToUpdate, true);
-  item("M_Consulting", "M_ExitConsult", txt::M_ExitConsult, true);
 
   menu("M_Tools_C", txt::M_Tools_C, false);
   item("M_Tools_C", "M_DefineOption_C", txt::M_DefineOption_C);

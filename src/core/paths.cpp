@@ -21,7 +21,13 @@ QString Paths::programDirFor(const QString& executableDir) {
   return QDir::cleanPath(QDir(dir).absolutePath());
 }
 
-QString Paths::systemDocumentsDir() { return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation); }
+QString Paths::systemDocumentsDir() {
+  // A fresh account may have no documents folder yet; the example and the
+  // file dialogs need one.
+  const QString dir = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  if (dir.isEmpty() || !QDir().mkpath(dir)) return QString();
+  return dir;
+}
 
 QString Paths::inProgramDir(const QString& fileName) const { return programDir_ + QLatin1Char('/') + fileName; }
 

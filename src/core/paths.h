@@ -15,7 +15,8 @@ class Paths {
   // the executable's folder when it is writable; otherwise a per-user data
   // folder. The folder is created when missing.
   static QString programDirFor(const QString& executableDir);
-  // The user's documents folder, empty when the system gives none.
+  // The user's documents folder, made when missing; empty when the system
+  // gives none or it cannot be made.
   static QString systemDocumentsDir();
 
   const QString& programDir() const { return programDir_; }

@@ -206,6 +206,10 @@ void PlanningSession::Show_Title() {
 void PlanningSession::Empty_Board() {
   current = PlanningName();
   writeOption("Remember", "LastFile", QString());
+  showEmptyBoard();
+}
+
+void PlanningSession::showEmptyBoard() {
   view_.setCaption(ctx_.texts.get(txt::Product));
   emptyBoardMenus(ctx_.menus, normalMode(), {principal, QString(), principalExists()});
   view_.applyMenus();

@@ -103,6 +103,9 @@ class PlanningSession {
   void Close_DB();
   void Show_Title();
   void Empty_Board();
+  // The window with no planning, as the start shows it: LastFile is kept for
+  // the first focus.
+  void showEmptyBoard();
 
   // The file menu and the mode switches.
   void M_OPen();

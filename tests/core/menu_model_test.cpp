@@ -8,8 +8,8 @@ using namespace ksv;
 
 TEST(MenuModel, TheNormalBarAndTheHiddenConsultationBar) {
   const MenuModel m = MenuModel::standard();
-  EXPECT_EQ(m.menus(), (QStringList{"M_File", "M_View", "M_Booking", "M_Invoicing", "M_Customers", "M_Tools",
-                                    "M_Consulting", "M_Tools_C", "M_Aide"}));
+  EXPECT_EQ(m.menus(), (QStringList{"M_Consulting", "M_File", "M_View", "M_Booking", "M_Invoicing", "M_Customers",
+                                    "M_Tools", "M_Tools_C", "M_Aide"}));
   for (const char* hidden : {"M_Consulting", "M_Tools_C"}) EXPECT_FALSE(m.find(hidden)->visible);
   for (const char* shown : {"M_File", "M_View", "M_Booking", "M_Invoicing", "M_Customers", "M_Tools", "M_Aide"})
     EXPECT_TRUE(m.find(shown)->visible);

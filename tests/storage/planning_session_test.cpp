@@ -327,3 +327,15 @@ TEST_F(Session, PurgeAsksWithNoPreselectedAndKeepsTheLimit) {
   EXPECT_EQ(messages.last().text, "Purge successful");
   EXPECT_EQ(s->objects().Reservation.recordCount(), 1);
 }
+
+TEST_F(Session, TheStartsEmptyBoardKeepsLastFileForTheFirstFocus) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->Show_Title();
+  s->showEmptyBoard();
+  EXPECT_FALSE(menuEnabled("M_Booking"));
+  EXPECT_EQ(ini.GetValue("Remember", "LastFile"), path);
+  s->firstFocus(false);
+  EXPECT_TRUE(s->IsOpen);
+}

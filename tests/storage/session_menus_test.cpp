@@ -18,7 +18,7 @@ TEST(SessionMenus, EachModeShowsItsOwnBar) {
   MenuModel m = MenuModel::standard();
   const PrincipalState s{"", "/p/Hotel.ksv", false};
   Menus_Consult(m, s);
-  EXPECT_EQ(visibleMenus(m), (QStringList{"M_View", "M_Consulting", "M_Tools_C", "M_Aide"}));
+  EXPECT_EQ(visibleMenus(m), (QStringList{"M_Consulting", "M_View", "M_Tools_C", "M_Aide"}));
   EXPECT_FALSE(enabled(m, "M_Example"));
   Menus_Normal(m, s);
   EXPECT_EQ(visibleMenus(m),
