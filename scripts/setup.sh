@@ -33,7 +33,7 @@ case "${1:-}" in
     install_missing
     build
     shift
-    exec ./build/app/kestrovane "$@"
+    exec ./build/app/kestrovane --example "$@"
     ;;
   test)
     install_missing
