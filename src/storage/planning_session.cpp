@@ -336,6 +336,8 @@ void PlanningSession::M_CompactRepair() {
   const QString file = current.full();
   if (file.isEmpty()) return;
   Close_DB();
+  // Counts left by workstations that died must not block the repair.
+  deleteStaleLock(file);
   if (RequestConnectMode(file, 'E')) {
     Compact_Planning(file, false, ctx_.messages, ctx_.texts);
     ReleaseConnectMode(file, 'E');

@@ -339,3 +339,56 @@ TEST_F(Session, TheStartsEmptyBoardKeepsLastFileForTheFirstFocus) {
   s->firstFocus(false);
   EXPECT_TRUE(s->IsOpen);
 }
+
+TEST_F(Session, CompactRepairWaitsForEveryoneElseAndReopens) {
+  const QString path = makePlanning("Hotel.ksv");
+  const pid_t other = workstation(path, 'C');
+  ASSERT_GT(other, 0);
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->firstFocus(false);
+  ASSERT_TRUE(s->IsOpen);
+  view.openAnswer = path;
+  s->M_CompactRepair();
+  EXPECT_EQ(view.usersShown, QList<int>{txt::RosterCompact});
+  EXPECT_TRUE(s->IsOpen) << "the planning opens again in any case";
+  stop(other);
+
+  s->M_CompactRepair();  // alone now (the dead one's count is stale): compacted, announced, reopened
+  ASSERT_FALSE(messages.shown().empty());
+  EXPECT_EQ(messages.last().text, texts.get(txt::CompactSuccessful));
+  EXPECT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->connection()->mode(), 'U');
+}
+
+TEST_F(Session, ExtractRefusesItselfAndReports) {
+  const QString path = makePlanning("Hotel.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  s->firstFocus(false);
+  view.saveAnswer = path;
+  s->M_Extract();
+  EXPECT_EQ(messages.last().text, texts.get(txt::ExtractOnItself));
+  view.saveAnswer = folders.document("Now.ksv");
+  s->M_Extract();
+  EXPECT_EQ(view.lastSuggested, folders.document("Hotel_Extraction11222026.ksv"));
+  EXPECT_EQ(messages.last().text, "Extraction  successful");
+  EXPECT_TRUE(QFileInfo::exists(folders.document("Now.ksv")));
+  EXPECT_FALSE(QFileInfo::exists(lockPathOf(folders.document("Now.ksv"))));
+}
+
+TEST_F(Session, TheExampleOpensInNormalMode) {
+  const QString example = makePlanning("KestrovaneTry.ksv");
+  ini.SetValue("Reservation", "Updating", "N");
+  auto s = session();
+  s->firstRun = true;
+  int installs = 0;
+  s->Install_Example = [&] { return ++installs > 0; };
+  messages.answer(MsgAnswer::Yes);
+  s->firstFocus(false);
+  EXPECT_EQ(installs, 1);
+  ASSERT_TRUE(s->IsOpen);
+  EXPECT_EQ(s->openFile, example);
+  EXPECT_EQ(ini.GetValue("Reservation", "Updating"), "O");
+  EXPECT_FALSE(s->firstRun);
+}
