@@ -3,6 +3,7 @@
 // shows message boxes titled with the product name, tests answer from a script.
 
 #include <optional>
+#include <vector>
 
 #include <QString>
 
@@ -11,6 +12,11 @@ namespace ksv {
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
 enum class MsgButtons { Ok, OkCancel, YesNo, YesNoCancel, CancelTryContinue };
 enum class MsgAnswer { Ok, Cancel, Yes, No, TryAgain, Continue };
+
+// The buttons of a set, in the order they stand in the box.
+std::vector<MsgAnswer> answersOf(MsgButtons buttons);
+// The text-table entry that captions a button.
+int buttonCaption(MsgAnswer answer);
 
 class Messages {
  public:

@@ -10,17 +10,6 @@
 namespace ksv {
 namespace {
 
-std::vector<MsgAnswer> answersOf(MsgButtons buttons) {
-  switch (buttons) {
-    case MsgButtons::Ok: return {MsgAnswer::Ok};
-    case MsgButtons::OkCancel: return {MsgAnswer::Ok, MsgAnswer::Cancel};
-    case MsgButtons::YesNo: return {MsgAnswer::Yes, MsgAnswer::No};
-    case MsgButtons::YesNoCancel: return {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::Cancel};
-    case MsgButtons::CancelTryContinue: return {MsgAnswer::Cancel, MsgAnswer::TryAgain, MsgAnswer::Continue};
-  }
-  return {MsgAnswer::Ok};
-}
-
 QMessageBox::ButtonRole roleOf(MsgAnswer a) {
   switch (a) {
     case MsgAnswer::Yes: return QMessageBox::YesRole;
@@ -28,18 +17,6 @@ QMessageBox::ButtonRole roleOf(MsgAnswer a) {
     case MsgAnswer::Cancel: return QMessageBox::RejectRole;
     default: return QMessageBox::AcceptRole;
   }
-}
-
-int captionOf(MsgAnswer a) {
-  switch (a) {
-    case MsgAnswer::Yes: return txt::ButtonYes;
-    case MsgAnswer::No: return txt::ButtonNo;
-    case MsgAnswer::Cancel: return txt::ButtonCancel;
-    case MsgAnswer::TryAgain: return txt::ButtonTryAgain;
-    case MsgAnswer::Continue: return txt::ButtonContinue;
-    case MsgAnswer::Ok: break;
-  }
-  return txt::ButtonOk;
 }
 
 QMessageBox::Icon iconOf(MsgIcon icon) {
@@ -67,7 +44,7 @@ MsgAnswer QtMessages::show(const QString& text, MsgButtons buttons, MsgIcon icon
   const std::vector<MsgAnswer> answers = answersOf(buttons);
   std::map<QAbstractButton*, MsgAnswer> byButton;
   for (MsgAnswer a : answers) {
-    QPushButton* b = box.addButton(texts_.get(captionOf(a)), roleOf(a));
+    QPushButton* b = box.addButton(texts_.get(buttonCaption(a)), roleOf(a));
     byButton[b] = a;
     if (a == preselected.value_or(answers.front())) box.setDefaultButton(b);
     if (a == MsgAnswer::Cancel || (answers.size() == 1)) box.setEscapeButton(b);
