@@ -3,7 +3,11 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "board/board_dates.h"
+#include "board/board_drawing.h"
 #include "board/screen_description.h"
+#include "board/ui/board_widget.h"
+#include "board_popups.h"
 #include "board/ui/ecran_dialog.h"
 #include "config/charger_param.h"
 #include "config/ini_file.h"
@@ -128,13 +132,29 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   }
 
   const Regional regional = Regional::fromSystem();
+  // The board: its frame for this screen, its dates, its drawing.
+  BoardFrame frame;
+  const auto drawingKey = [&ini](const char* key) { return ini.GetValue(QLatin1String("ScreenDrawing"), QLatin1String(key)); };
+  frame.Draw_Planning_Frame(screen, ScreenDrawing{drawingKey("DayNb"), drawingKey("PasH"), drawingKey("ResNb"),
+                                                  drawingKey("PasV"), drawingKey("ResW"), drawingKey("LabE")});
+  const BoardDates dates = boardDates(options.boardOrigin, clock.today());
+  BoardDrawing drawing({frame, options, messages, texts, paths, regional, [&clock] { return clock.today(); }});
+  drawing.setFirstDate(dates.FirstDate);
+  auto* board = new BoardWidget(drawing, options, texts);
+  board->setDayRange(dates.hScrollMax(frame.DayNb()), dates.TodayOffset);
+  window.setCentralWidget(board);
+  drawing.Dessin_JourMoisGrid();
+  drawing.EraseResource();
+
   QtSessionView view(window, messages, texts);
+  view.setBoard(board);
   PlanningSession session({messages, texts, clock, paths, ini, window.menuModel(), regional}, view);
   view.attach(&session);
   session.firstRun = started.firstRun;
   session.Install_Example = [&] { return Install_Example(paths, clock, messages, texts); };
   wireMenus(window, session, ini, view, messages, texts);
   window.onClose = [&session] { session.Form_Unload(); };
+  wireBoardPopups(*board, session, options, messages, texts);
   session.Show_Title();
   session.showEmptyBoard();
   window.show();

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileDialog>
 
+#include "board/ui/board_widget.h"
 #include "core/messages.h"
 #include "core/texts.h"
 #include "main_window.h"
@@ -35,17 +36,35 @@ void QtSessionView::setHourglass(bool on) {
   }
 }
 
-// The board is drawn by the board's own widget once it exists; until then the
-// window shows its empty board area.
 void QtSessionView::Dessiner_Ecran() {
   refresh_.stop();
-  window_.centralWidget()->update();
+  if (board_ && session_ && session_->IsOpen) {
+    board_->drawing().setSession(&session_->objects());
+    session_->drawing = true;
+    board_->Dessiner_Ecran();
+    session_->drawing = false;
+  } else {
+    window_.centralWidget()->update();
+  }
   if (session_ && session_->refreshWanted()) refresh_.start(session_->refreshInterval());
 }
-void QtSessionView::eraseBoard() { window_.centralWidget()->update(); }
-void QtSessionView::RestoreDayColor() {}
-void QtSessionView::scrollTo(int, int) {}
-int QtSessionView::todayOffset() const { return 0; }
+
+void QtSessionView::eraseBoard() {
+  if (!board_) return;
+  board_->drawing().setSession(nullptr);
+  board_->drawing().view.close();
+  board_->eraseBoard();
+}
+
+void QtSessionView::RestoreDayColor() {
+  if (board_) board_->RestoreDayColor();
+}
+
+void QtSessionView::scrollTo(int vertical, int horizontal) {
+  if (board_) board_->scrollTo(vertical, horizontal);
+}
+
+int QtSessionView::todayOffset() const { return board_ ? board_->TodayOffset() : 0; }
 
 QString QtSessionView::filter() const {
   // The table keeps the "label|pattern" form; the dialog wants "label (pattern)".

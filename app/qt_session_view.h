@@ -10,6 +10,7 @@
 namespace ksv {
 
 class IniFile;
+class BoardWidget;
 class MainWindow;
 class Messages;
 class Texts;
@@ -18,6 +19,8 @@ class QtSessionView final : public SessionView {
  public:
   QtSessionView(MainWindow& window, Messages& messages, const Texts& texts);
   void attach(PlanningSession* session) { session_ = session; }
+  // The board that draws the open planning.
+  void setBoard(BoardWidget* board) { board_ = board; }
 
   void setCaption(const QString& caption) override;
   void applyMenus() override;
@@ -41,6 +44,7 @@ class QtSessionView final : public SessionView {
   Messages& messages_;
   const Texts& texts_;
   PlanningSession* session_ = nullptr;
+  BoardWidget* board_ = nullptr;
   QTimer refresh_;
   int hourglassDepth_ = 0;
 };

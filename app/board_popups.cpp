@@ -1,0 +1,71 @@
+#include "board_popups.h"
+
+#include <QMenu>
+
+#include "board/day_cell.h"
+#include "board/resource_presenter.h"
+#include "board/ui/board_widget.h"
+#include "board/ui/resource_dialog.h"
+#include "core/texts.h"
+#include "storage/planning_session.h"
+
+namespace ksv {
+
+void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedOptions& options, Messages& messages,
+                     const Texts& texts) {
+  QObject::connect(&board, &BoardWidget::dayPressed, &board,
+                   [&board, &session, &texts](int column, Qt::MouseButton button, QPoint global) {
+    BoardDrawing& d = board.drawing();
+    if (!session.IsOpen) return;
+    const QDate DayDate = d.ViewFirst().addDays(column);
+    if (button == Qt::RightButton && session.normalMode()) {
+      QMenu D_Day(&board);
+      const int names[] = {txt::DayStandard, txt::DayRed, txt::DayBlue, txt::DayGreen, txt::DayYellow};
+      for (int color = 0; color < 5; ++color) {
+        D_Day.addAction(texts.get(names[color]), &board, [&, color, column, DayDate] {
+          D_ChangeColor(session.objects(), DayDate, color, d.ViewFirst(), d.ViewLast());
+          Colour back = 0, fore = 0;
+          if (BoardDrawing::dayColorPair(color, back, fore)) {
+            d.Jour[std::size_t(column)].back = back;
+            d.Jour[std::size_t(column)].fore = fore;
+          } else {
+            d.restoreDayCell(column);
+          }
+          board.update();
+        });
+      }
+      D_Day.exec(global);
+    } else if (button == Qt::LeftButton && d.view.isOpen()) {
+      board.showInfoJour(column, InfoJourText(countDay(DayDate, session.objects().RQ_Resource, d.view), texts));
+    }
+  });
+
+  QObject::connect(&board, &BoardWidget::resourcePressed, &board,
+                   [&board, &session, &options, &messages, &texts](int row, Qt::MouseButton button, QPoint global) {
+    if (button != Qt::RightButton || !session.IsOpen || !session.normalMode()) return;
+    BoardDrawing& d = board.drawing();
+    ResourceCommands r(session.connection()->db(), session.objects(), options, messages, texts);
+    r.ResIndex = row;
+    r.VPos = d.VPos;
+    r.SelResource = d.Res_Lib[std::size_t(row)].text;
+    const bool filled = !r.SelResource.isEmpty();
+    if (filled) {
+      Recordset& rs = session.objects().RQ_Resource;
+      rs.requery();
+      rs.setAbsolutePosition(row + d.VPos + 1);
+      r.ResColor = rs.field(QStringLiteral("Color")).toInt();
+      r.ResOrder = rs.field(QStringLiteral("Order")).toInt();
+    }
+    r.showDialog = [&](ResourcePresenter& p) { ResourceDialog::show(p, texts, &board); };
+    r.Redraw = [&board](const QString& what) { board.Redraw(what); };
+    QMenu R_Resource(&board);
+    R_Resource.addAction(texts.get(txt::PopupAdd), [&r] { r.R_Add_Click(); });
+    R_Resource.addAction(texts.get(txt::PopupModify), [&r] { r.R_Modify_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupDelete), [&r] { r.R_Delete_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupUp), [&r] { r.R_Up_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupDown), [&r] { r.R_Down_Click(); })->setEnabled(filled);
+    R_Resource.exec(global);
+  });
+}
+
+}  // namespace ksv

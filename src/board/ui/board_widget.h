@@ -1,0 +1,79 @@
+#pragma once
+// The planning board on the screen: paints what BoardDrawing computed, in its
+// stacking order, converting twips to pixels here and nowhere else. The two
+// scroll bars and the Today button live on it; presses on day and resource
+// cells are forwarded as signals.
+
+#include <QWidget>
+
+#include "board/board_drawing.h"
+
+class QLabel;
+class QPushButton;
+class QScrollBar;
+
+namespace ksv {
+
+class BoardWidget : public QWidget {
+  Q_OBJECT
+ public:
+  BoardWidget(BoardDrawing& drawing, const LoadedOptions& options, const Texts& texts, QWidget* parent = nullptr);
+
+  BoardDrawing& drawing() { return drawing_; }
+  QScrollBar* HScroll() const { return hScroll_; }
+  QScrollBar* VScroll() const { return vScroll_; }
+  QPushButton* Today() const { return today_; }
+
+  // TodayOffset and the horizontal range, from the board's dates.
+  void setDayRange(int hScrollMax, int todayOffset);
+  int TodayOffset() const { return todayOffset_; }
+
+  // Runs Dessiner_Ecran (or Redraw) and repaints only the parts that moved.
+  void Dessiner_Ecran();
+  void Redraw(const QString& what);
+  void eraseBoard();
+  void RestoreDayColor();
+  // Puts both bars at a position without drawing twice.
+  void scrollTo(int vertical, int horizontal);
+
+  // The day summary shown under a pressed day cell; empty hides it.
+  void showInfoJour(int column, const QString& text);
+  void hideInfoJour();
+
+  int twipsPerPixel() const { return tpp_; }
+  QRect pixels(const TwipRect& r) const;
+
+ signals:
+  void dayPressed(int column, Qt::MouseButton button, QPoint globalPos);
+  void dayReleased();
+  void resourcePressed(int row, Qt::MouseButton button, QPoint globalPos);
+  void labelPressed(int index, Qt::MouseButton button, QPoint globalPos);
+  void firstFocus();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  void HScroll_Change(int value);
+  void VScroll_Change(int value);
+  void Today_Click();
+  void placeControls();
+  void repaintMoved(int days, int resources);
+  int labelAt(QPoint p) const;
+
+  BoardDrawing& drawing_;
+  const LoadedOptions& options_;
+  int tpp_ = 15;
+  int todayOffset_ = 0;
+  bool settingBars_ = false;
+  QScrollBar* hScroll_;
+  QScrollBar* vScroll_;
+  QPushButton* today_;
+  QLabel* infoJour_;
+  int dayLineColumn_ = -1;
+  int resourceLineRow_ = -1;
+};
+
+}  // namespace ksv
