@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "booking_buffer.h"
+#include "core/clock.h"
 #include "storage/query_command.h"
 #include "storage/recordset.h"
 
@@ -21,19 +22,7 @@ int categoryOf(const QVariant& color) {
   return c >= 0 && c < kCategoryCount ? c : -1;
 }
 
-struct ResourceRow {
-  QString name;
-  int category;
-};
-
-std::vector<ResourceRow> resourcesInOrder(Database& db, const Clock& clock) {
-  Recordset r = QueryCatalogue(db, clock).command(QStringLiteral("RQ_Resource")).openRecordset();
-  std::vector<ResourceRow> rows;
-  for (r.moveFirst(); !r.isEOF(); r.moveNext())
-    rows.push_back({r.field("Resource").toString(), categoryOf(r.field("Color"))});
-  return rows;
-}
-
+// Every row of every kind that touches the period.
 Recordset periodRows(Database& db, const Clock& clock, QDate from, QDate to) {
   QueryCommand command = QueryCatalogue(db, clock).command(QStringLiteral("RQ_Free"));
   command.setParameter(0, from);
@@ -42,6 +31,14 @@ Recordset periodRows(Database& db, const Clock& clock, QDate from, QDate to) {
 }
 
 }  // namespace
+
+std::vector<Availability::ResourceRow> Availability::resourcesInOrder(Database& db, const Clock& clock) {
+  Recordset r = QueryCatalogue(db, clock).command(QStringLiteral("RQ_Resource")).openRecordset();
+  std::vector<ResourceRow> rows;
+  for (r.moveFirst(); !r.isEOF(); r.moveNext())
+    rows.push_back({r.field("Resource").toString(), categoryOf(r.field("Color"))});
+  return rows;
+}
 
 int Availability::GetCategory(const QString& resource) const {
   Recordset r = Recordset::openTable(db_, QStringLiteral("Resource"));
@@ -52,8 +49,13 @@ int Availability::GetCategory(const QString& resource) const {
 
 std::vector<ResourceRoom> Availability::roomAround(QDate from, QDate to, int category,
                                                    const std::vector<SkippedBooking>& skip) const {
+  return roomAround(resourcesInOrder(db_, clock_), from, to, category, skip);
+}
+
+std::vector<ResourceRoom> Availability::roomAround(const std::vector<ResourceRow>& resources, QDate from, QDate to,
+                                                   int category, const std::vector<SkippedBooking>& skip) const {
   std::vector<ResourceRoom> list;
-  for (const ResourceRow& row : resourcesInOrder(db_, clock_))
+  for (const ResourceRow& row : resources)
     if (category == -1 || row.category == category) list.push_back({row.name});
 
   Recordset r = periodRows(db_, clock_, from.addDays(-kLookOut), to.addDays(kLookOut));
@@ -86,8 +88,9 @@ std::vector<ResourceRoom> Availability::roomAround(QDate from, QDate to, int cat
 
 int Availability::Available_Nb(QDate from, QDate to, int category) {
   if (from >= to) return -1;
-  const std::vector<ResourceRoom> list = roomAround(from, to, category);
-  const size_t nbRes = resourcesInOrder(db_, clock_).size();
+  const std::vector<ResourceRow> resources = resourcesInOrder(db_, clock_);
+  const std::vector<ResourceRoom> list = roomAround(resources, from, to, category, {});
+  const size_t nbRes = resources.size();
   if (size_t(Res_Free.size()) < nbRes) Res_Free.resize(qsizetype(nbRes));
   if (Before_Free.size() < nbRes) Before_Free.resize(nbRes, kFarAway);
   if (After_Free.size() < nbRes) After_Free.resize(nbRes, kFarAway);
@@ -106,6 +109,10 @@ int Availability::Available_Nb(QDate from, QDate to, int category) {
     ++n;
   }
   return n;
+}
+
+AvailabilityTables Availability::SetAvailabilityTables(int days) const {
+  return SetAvailabilityTables(clock_.today(), days);
 }
 
 AvailabilityTables Availability::SetAvailabilityTables(QDate first, int days) const {

@@ -70,8 +70,18 @@ class Availability {
   // The tables behind the availability view and the published files, for
   // `days` days from `first`.
   AvailabilityTables SetAvailabilityTables(QDate first, int days) const;
+  // The same from today, as the view and the published files read them.
+  AvailabilityTables SetAvailabilityTables(int days) const;
 
  private:
+  struct ResourceRow {
+    QString name;
+    int category;  // -1 when its colour is no category
+  };
+  static std::vector<ResourceRow> resourcesInOrder(Database& db, const Clock& clock);
+  std::vector<ResourceRoom> roomAround(const std::vector<ResourceRow>& resources, QDate from, QDate to, int category,
+                                       const std::vector<SkippedBooking>& skip) const;
+
   Database& db_;
   const Clock& clock_;
 };

@@ -1,5 +1,6 @@
 #include "trous_search.h"
 
+#include "config/loaded_options.h"
 #include "core/clock.h"
 #include "core/messages.h"
 #include "core/texts.h"
@@ -10,6 +11,13 @@ namespace {
 // One large step of the scroll bar: a month.
 constexpr int kMonthStep = 30;
 }  // namespace
+
+std::vector<CategoryItem> trousCategories(const LoadedOptions& options, const Texts& texts) {
+  std::vector<CategoryItem> items{{texts.get(txt::AllCategories), kWhite, kBlack}};
+  for (int c = 0; c < kCategoryCount; ++c)
+    items.push_back({options.Categorie.value(c), options.CategoryBack[size_t(c)], options.CategoryFore[size_t(c)]});
+  return items;
+}
 
 TrousSearch::TrousSearch(Availability& availability, const Clock& clock, Messages& messages, const Texts& texts)
     : availability_(availability), clock_(clock), messages_(messages), texts_(texts) {}

@@ -15,12 +15,23 @@
 #include <QStringList>
 
 #include "availability.h"
+#include "config/option_reader.h"
 
 namespace ksv {
 
 class Clock;
 class Messages;
 class Texts;
+struct LoadedOptions;
+
+// One entry of the Category list; list index = category + 1.
+struct CategoryItem {
+  QString name;
+  Colour back;
+  Colour fore;
+};
+// "All categories" in black on white, then the six categories in their colours.
+std::vector<CategoryItem> trousCategories(const LoadedOptions& options, const Texts& texts);
 
 struct HoleLine {
   QString resource;

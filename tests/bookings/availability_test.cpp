@@ -109,6 +109,15 @@ TEST_F(AvailabilityTest, DailyTablesCountFreeNightsPerCategory) {
   EXPECT_EQ(t.busy[3], (std::vector<bool>{false, false, false, true, true}));
 }
 
+TEST_F(AvailabilityTest, TablesStartTodayByDefault) {
+  booking("201", today().addDays(-1), today().addDays(1), "LeavesTomorrow");
+  const AvailabilityTables t = availability_.SetAvailabilityTables(3);
+  EXPECT_EQ(t.first, today());
+  ASSERT_EQ(t.free.size(), 3u);
+  EXPECT_EQ(t.free[0][2], 0);
+  EXPECT_EQ(t.free[1][2], 1);
+}
+
 TEST_F(AvailabilityTest, NoResourcesDrawNothing) {
   db_.execute("DELETE FROM Resource");
   const AvailabilityTables t = availability_.SetAvailabilityTables(day(10), 5);

@@ -1,6 +1,7 @@
 // The holes search: its period by opener, the booking that must not block
 // itself, the scroll bar, and handing a resource back to the opener.
 #include "bookings/trous_search.h"
+#include "config/loaded_options.h"
 
 #include "booking_planning.h"
 
@@ -137,6 +138,25 @@ TEST_F(TrousTest, ChosenResourceGoesBackAfterTheQuestion) {
     EXPECT_FALSE(choice->toBooking);
   }
   EXPECT_TRUE(messages_.allAnswersUsed());
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TrousCategories, AllCategoriesComeFirstInBlackOnWhite) {
+  LoadedOptions options;
+  options.Categorie = QStringList{"Double", "Single", "Suite", "Flat", "Dorm", "Tent"};
+  options.CategoryBack = {10, 11, 12, 13, 14, 15};
+  options.CategoryFore = {kBlack, kWhite, kBlack, kWhite, kBlack, kWhite};
+  const auto items = trousCategories(options, Texts(kFrenchOffset));
+  ASSERT_EQ(items.size(), 7u);
+  EXPECT_EQ(items[0].name, "Toutes catégories");
+  EXPECT_EQ(items[0].back, kWhite);
+  EXPECT_EQ(items[0].fore, kBlack);
+  EXPECT_EQ(items[3].name, "Suite");
+  EXPECT_EQ(items[3].back, 12u);
+  EXPECT_EQ(items[4].fore, kWhite);
 }
 
 }  // namespace
