@@ -1,0 +1,307 @@
+// The booking records: what each write leaves in the file, the invoice link,
+// the search for a moved booking and for the other part of a split one.
+#include "bookings/booking_records.h"
+
+#include "booking_planning.h"
+#include "storage/recordset.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+class BookingRecordsTest : public BookingPlanning {
+ protected:
+  void SetUp() override {
+    BookingPlanning::SetUp();
+    records_ = std::make_unique<BookingRecords>(db_, clock_, messages_, texts_);
+  }
+
+  // The board view over July 2024 for rooms 101 and 102, and the whole table.
+  void openRecordsets() {
+    QVariantList params{day(1), day(31), QString("101"), QString("102")};
+    while (params.size() < 42) params << QString("");
+    QueryCommand board = QueryCatalogue(db_, clock_).command("RQ_Reservation");
+    board.setParameters(params);
+    rs_ = board.openRecordset();
+    rtb_ = Recordset::openTable(db_, "Reservation");
+    records_->setRecordsets(&rs_, &rtb_);
+  }
+
+  // The buffer of a new whole booking.
+  void fill(const QString& resource, QDate first, QDate last, const QString& nom) {
+    BookingRecords& b = *records_;
+    b.Res_L = resource;
+    b.DD_L = first;
+    b.DF_L = last;
+    b.Nom_L = nom;
+    b.Email_L = "";
+    b.Rem_L = "";
+    b.HowMany_L = 2;
+    b.InvNb_L = "";
+    b.Split_L = "0";
+    b.Bloc_L = false;
+    b.Color_L = 1;
+    b.GroupId_L = "C";
+    b.GroupNb_L = 0;
+  }
+
+  // Clicks the booking at `position` of the board view.
+  void click(int position) {
+    records_->I_L = qint16(position);
+    records_->readClickedBooking();
+  }
+
+  // Where a stored row sits in the board view.
+  int positionOf(qint64 rowid) {
+    for (rs_.moveFirst(); !rs_.isEOF(); rs_.moveNext())
+      if (rs_.rowId() == rowid) return rs_.absolutePosition() - 1;
+    ADD_FAILURE() << "row " << rowid << " not in view";
+    return 0;
+  }
+
+  std::unique_ptr<BookingRecords> records_;
+  Recordset rs_, rtb_;
+};
+
+TEST_F(BookingRecordsTest, CreateWritesTheBufferAndLeavesABlankInvoiceNull) {
+  openRecordsets();
+  fill("101", day(10), day(12), "Martin");
+  records_->Email_L = "martin@example.org";
+  records_->Rem_L = "Late arrival\r\nCot";
+  records_->Bloc_L = true;
+  records_->GroupNb_L = 4;
+  records_->Creer_Reservation();
+
+  ASSERT_EQ(bookingCount(), 1);
+  const qint64 id = db_.scalar("SELECT rowid FROM Reservation").toLongLong();
+  EXPECT_EQ(rows(), QStringList{"Martin/101/2024-07-10/2024-07-12/0/<null>"});
+  EXPECT_EQ(stored(id, "Email"), "martin@example.org");
+  EXPECT_EQ(stored(id, "Remarque"), "Late arrival\r\nCot");
+  EXPECT_EQ(stored(id, "HowMany"), "2");
+  EXPECT_EQ(stored(id, "Blocage"), "1");
+  EXPECT_EQ(stored(id, "Couleur"), "1");
+  EXPECT_EQ(stored(id, "GroupId"), "C");
+  EXPECT_EQ(stored(id, "GroupNb"), "4");
+
+  // With a number the link is written.
+  fill("102", day(10), day(12), "Durand");
+  records_->InvNb_L = "-3";
+  records_->Creer_Reservation();
+  EXPECT_EQ(rows().value(1), "Durand/102/2024-07-10/2024-07-12/0/-3");
+}
+
+TEST_F(BookingRecordsTest, OverlappingBookingsAreLegalDataAndTouchingOnesDoNotCollide) {
+  // Leaving on the day another arrives is no collision; one shared night is.
+  EXPECT_FALSE(bookingsOverlap(day(10), day(11), day(11), day(13)));
+  EXPECT_FALSE(bookingsOverlap(day(11), day(13), day(10), day(11)));
+  EXPECT_TRUE(bookingsOverlap(day(10), day(12), day(11), day(13)));
+  EXPECT_TRUE(bookingsOverlap(day(11), day(13), day(10), day(12)));
+  EXPECT_TRUE(bookingsOverlap(day(10), day(20), day(12), day(13)));
+  EXPECT_EQ(day(10).daysTo(day(11)), 1);
+
+  // The writes take what they are given: a double booking is the operator's call.
+  openRecordsets();
+  fill("101", day(10), day(12), "First");
+  records_->Creer_Reservation();
+  fill("101", day(11), day(13), "Second");
+  records_->Creer_Reservation();
+  EXPECT_EQ(bookingCount(), 2);
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(BookingRecordsTest, ReadingAClickedBookingTurnsNullsIntoEmptyTexts) {
+  booking("101", day(5), day(8), "Nulls", {{"Email", QVariant()}, {"Remarque", QVariant()}, {"Couleur", 3}});
+  booking("102", day(9), day(11), "Filled",
+          {{"Email", "a@b.c"}, {"Remarque", ""}, {"InvNb", 21}, {"Split", "1"}, {"Blocage", true}, {"GroupNb", 2}});
+  openRecordsets();
+
+  click(0);
+  EXPECT_EQ(records_->Nom_L, "Nulls");
+  EXPECT_EQ(records_->Email_L, "");
+  EXPECT_EQ(records_->Rem_L, "");
+  EXPECT_EQ(records_->InvNb_L, "");
+  EXPECT_EQ(records_->Color_L, 3);
+  EXPECT_EQ(records_->Res_S, "101");
+  EXPECT_EQ(records_->DD_S, day(5));
+  EXPECT_EQ(records_->DF_S, day(8));
+
+  click(1);
+  EXPECT_EQ(records_->Email_L, "a@b.c");
+  EXPECT_EQ(records_->Rem_L, "");
+  EXPECT_EQ(records_->InvNb_L, "21");
+  EXPECT_EQ(records_->Split_L, "1");
+  EXPECT_TRUE(records_->Bloc_L);
+  EXPECT_EQ(records_->GroupNb_L, 2);
+  EXPECT_EQ(records_->Res_S, "102");
+}
+
+TEST_F(BookingRecordsTest, OnlyTheInvoiceOperationsClearTheLink) {
+  const qint64 id = booking("101", day(5), day(8), "Linked", {{"InvNb", 12}});
+  openRecordsets();
+  click(0);
+
+  // A blank number in the buffer never clears the stored one.
+  records_->InvNb_L = "";
+  records_->Nom_L = "Linked again";
+  records_->MAJ_Reservation();
+  EXPECT_EQ(stored(id, "InvNb"), "12");
+  EXPECT_EQ(stored(id, "Nom"), "Linked again");
+
+  records_->InvNb_L = "-7";
+  records_->MAJ_Reservation();
+  EXPECT_EQ(stored(id, "InvNb"), "-7");
+
+  records_->UpdateInvNbReservation("  ");
+  EXPECT_EQ(stored(id, "InvNb"), "<null>");
+  records_->UpdateInvNbReservation("30");
+  EXPECT_EQ(stored(id, "InvNb"), "30");
+}
+
+TEST_F(BookingRecordsTest, MovedBookingIsFoundByItsOldIdentityAndRewritten) {
+  booking("101", day(5), day(8), "Twin");
+  const qint64 first = booking("101", day(10), day(12), "Twin");
+  const qint64 second = booking("101", day(10), day(12), "Twin");
+  openRecordsets();
+  click(1);
+
+  // Dropped on room 102 three days later: the first identical row takes it.
+  records_->Res_L = "102";
+  records_->DD_L = day(13);
+  records_->DF_L = day(15);
+  records_->MAJ_Recherche();
+  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_EQ(stored(first, "Resource"), "102");
+  EXPECT_EQ(stored(first, "Date_Deb"), "2024-07-13");
+  EXPECT_EQ(stored(second, "Resource"), "101");
+  EXPECT_EQ(stored(second, "Date_Deb"), "2024-07-10");
+}
+
+TEST_F(BookingRecordsTest, MovedBookingChangedUnderTheDragIsLeftAsStored) {
+  const qint64 id = booking("101", day(10), day(12), "Moving");
+  openRecordsets();
+  click(0);
+  // Another path changes the row while it is dragged.
+  db_.execute("UPDATE Reservation SET Date_Fin = '2024-07-14'");
+
+  records_->Res_L = "102";
+  records_->MAJ_Recherche();
+  EXPECT_EQ(messages_.texts(), QStringList{"Cannot recover the moved booking"});
+  EXPECT_EQ(rows(), QStringList{"Moving/101/2024-07-10/2024-07-14/0/<null>"});
+  (void)id;
+}
+
+TEST_F(BookingRecordsTest, SplitPartsFindEachOtherAndShareTheInvoice) {
+  booking("101", day(1), day(4), "Split", {{"Split", "2"}, {"Couleur", 2}});  // another stay, not touching
+  const qint64 one = booking("101", day(10), day(12), "Split", {{"Split", "1"}, {"Couleur", 2}});
+  booking("102", day(12), day(15), "Split", {{"Split", "2"}, {"Couleur", 4}});  // other colour
+  const qint64 two = booking("102", day(12), day(15), "Split", {{"Split", "2"}, {"Couleur", 2}});
+  openRecordsets();
+
+  click(positionOf(one));
+  ASSERT_EQ(records_->Split_L, "1");
+  records_->Found_Other_SplitPart();
+  ASSERT_TRUE(records_->Flg_OkCl);
+  EXPECT_EQ(rtb_.rowId(), two);
+  records_->UpdateInvNbReservationSplit("-5");
+  EXPECT_EQ(stored(one, "InvNb"), "-5");
+  EXPECT_EQ(stored(two, "InvNb"), "-5");
+  EXPECT_EQ(stored(two - 1, "InvNb"), "<null>");
+
+  // From part 2 back to part 1.
+  click(positionOf(two));
+  ASSERT_EQ(records_->Split_L, "2");
+  records_->Found_Other_SplitPart();
+  ASSERT_TRUE(records_->Flg_OkCl);
+  EXPECT_EQ(rtb_.rowId(), one);
+
+  // Merging back: the clicked part grows, the other one goes.
+  records_->DD_L = day(10);
+  records_->Split_L = "0";
+  records_->MAJ_Reservation();
+  records_->Delete_Split();
+  EXPECT_EQ(bookingCount(), 3);
+  EXPECT_EQ(stored(two, "Date_Deb"), "2024-07-10");
+  EXPECT_EQ(stored(two, "Split"), "0");
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(BookingRecordsTest, SplitPartWhosePartnerNoLongerTouchesBecomesWhole) {
+  const qint64 one = booking("101", day(10), day(12), "Alone", {{"Split", "1"}});
+  booking("102", day(13), day(15), "Alone", {{"Split", "2"}});  // moved by hand
+  openRecordsets();
+  int redraws = 0;
+  records_->Dessiner_Ecran = [&] { ++redraws; };
+
+  click(0);
+  records_->Flg_OkCl = true;
+  records_->Found_Other_SplitPart();
+  EXPECT_FALSE(records_->Flg_OkCl);
+  EXPECT_EQ(messages_.texts(), QStringList{"The other split part cannot be found\r\nWe are going to forget it"});
+  EXPECT_EQ(records_->Split_L, "0");
+  EXPECT_EQ(stored(one, "Split"), "0");
+  EXPECT_EQ(redraws, 1);
+}
+
+TEST_F(BookingRecordsTest, PartsWrittenThroughTheViewAreFoundInTheWholeTable) {
+  // The whole table was read before the split was made.
+  openRecordsets();
+  fill("101", day(10), day(12), "Fresh");
+  records_->Split_L = "1";
+  records_->Creer_Reservation();
+  fill("102", day(12), day(14), "Fresh");
+  records_->Split_L = "2";
+  records_->Creer_Reservation();
+
+  records_->Split_L = "1";
+  records_->DD_L = day(10);
+  records_->DF_L = day(12);
+  records_->Found_Other_SplitPart();
+  EXPECT_TRUE(records_->Flg_OkCl);
+  EXPECT_EQ(rtb_.field("Resource").toString(), "102");
+}
+
+TEST_F(BookingRecordsTest, PendingNumberTurnsFinalOnEveryBookingOfTheInvoice) {
+  const qint64 a = booking("101", day(10), day(12), "A", {{"InvNb", -3}});
+  const qint64 b = booking("102", day(12), day(15), "A", {{"InvNb", -3}, {"GroupId", "L"}, {"Split", "3"}});
+  const qint64 other = booking("101", day(20), day(22), "B", {{"InvNb", -4}});
+  const qint64 none = booking("102", day(20), day(22), "C");
+  openRecordsets();
+
+  records_->UpdateInvNbInReservation(-3, "118");
+  EXPECT_EQ(stored(a, "InvNb"), "118");
+  EXPECT_EQ(stored(b, "InvNb"), "118");
+  EXPECT_EQ(stored(other, "InvNb"), "-4");
+  EXPECT_EQ(stored(none, "InvNb"), "<null>");
+
+  records_->UpdateInvNbInReservation(118, "");
+  EXPECT_EQ(stored(a, "InvNb"), "<null>");
+  EXPECT_EQ(stored(b, "InvNb"), "<null>");
+}
+
+TEST_F(BookingRecordsTest, DeleteRemovesTheClickedRowOnly) {
+  booking("101", day(5), day(8), "Keep");
+  booking("101", day(10), day(12), "Gone");
+  openRecordsets();
+  click(1);
+  records_->Supprimer_Reservation();
+  EXPECT_EQ(rows(), QStringList{"Keep/101/2024-07-05/2024-07-08/0/<null>"});
+}
+
+TEST_F(BookingRecordsTest, RefusedValueWritesNothingAndLeavesNoEditBehind) {
+  const qint64 id = booking("101", day(5), day(8), "Short");
+  openRecordsets();
+  click(0);
+  records_->Nom_L = QString(26, 'x');  // one character over the column
+  EXPECT_THROW(records_->MAJ_Reservation(), StorageError);
+  EXPECT_EQ(stored(id, "Nom"), "Short");
+  EXPECT_FALSE(rs_.isEditing());
+
+  // The next operation works on clean ground.
+  records_->Nom_L = "Short";
+  records_->Color_L = 4;
+  records_->MAJ_Reservation();
+  EXPECT_EQ(stored(id, "Couleur"), "4");
+}
+
+}  // namespace
