@@ -1,25 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "config/cp1252.h"
 #include "config/ini_file.h"
+#include "support/file_bytes.h"
 
 using namespace ksv;
+using test::writeBytes;
 
 namespace {
 
-QByteArray bytesOf(const QString& path) {
-  QFile f(path);
-  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-void writeBytes(const QString& path, const QByteArray& bytes) {
-  QFile f(path);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.write(bytes);
-}
+QByteArray bytesOf(const QString& path) { return test::readBytes(path); }
 
 class IniFileTest : public ::testing::Test {
  protected:

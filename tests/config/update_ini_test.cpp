@@ -9,6 +9,7 @@
 #include "config/update_ini.h"
 #include "core/texts.h"
 #include "net/access_code.h"
+#include "support/file_bytes.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 
@@ -23,11 +24,7 @@ class UpdateIniTest : public ::testing::Test {
   UpdateIniResult run(const QString& legacy = QString()) {
     return UpdateIni(folders.paths(), "5.20", legacy, kToday, messages, Texts(0));
   }
-  void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-  }
+  void writeFile(const QString& path, const QByteArray& bytes) { test::writeBytes(path, bytes); }
   test::TempFolders folders;
   test::ScriptedMessages messages;
   IniFile ini{folders.paths().iniFile()};

@@ -9,6 +9,7 @@
 #include "storage/recordset.h"
 #include "storage/roster.h"
 #include "storage/schema.h"
+#include "support/file_bytes.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 
@@ -107,11 +108,7 @@ TEST_F(ConnectingTest, WhatIsNotAPlanningIsRefusedByName) {
   EXPECT_EQ(Connecting(bare, 'U').failure, ConnectFailure::NotAPlanning);
 
   const QString junk = folders_.document("junk.ksv");
-  {
-    QFile f(junk);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(QByteArray(8192, 'k'));
-  }
+  test::writeBytes(junk, QByteArray(8192, 'k'));
   EXPECT_EQ(Connecting(junk, 'C').failure, ConnectFailure::NotAPlanning);
   EXPECT_TRUE(liveConnections(junk).isEmpty());  // a refused file leaves nobody listed
 }
