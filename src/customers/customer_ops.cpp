@@ -71,9 +71,8 @@ int Customer_Modify(const CustomerContext& ctx, const CustomerRow& old, const Cu
   return changed;
 }
 
-int Customer_Merge_Update(Database& db, const QString& nom, const QString& email, const QString& remark) {
+int Customer_Merge_Update(Recordset& rs, const QString& nom, const QString& email, const QString& remark) {
   int changed = 0;
-  Recordset rs = Recordset::openTable(db, QStringLiteral("Reservation"));
   for (rs.moveFirst(); !rs.isEOF(); rs.moveNext()) {
     if (rs.field(QStringLiteral("Nom")).toString() != nom) continue;
     rs.setField(QStringLiteral("Email"), email);
@@ -96,6 +95,8 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
   } run;
 
   Transaction transaction(ctx.db);
+  // One snapshot of the bookings for the whole walk: every run writes through it.
+  Recordset R_TB = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
   // Returns false when the merge must stop.
   auto closeRun = [&]() -> bool {
     if (run.rows < 2 && !run.gained) return true;
@@ -114,7 +115,7 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
           break;
       }
     }
-    Customer_Merge_Update(ctx.db, run.head.Nom, run.head.Email, remark);
+    Customer_Merge_Update(R_TB, run.head.Nom, run.head.Email, remark);
     ++counts.updated;
     return true;
   };

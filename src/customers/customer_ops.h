@@ -11,6 +11,8 @@
 
 namespace ksv {
 
+class Recordset;
+
 // The lines of RQ_Customer or RQ_Agent (`queryName`), in the query's order.
 QList<CustomerRow> Dessin_Customer(const CustomerContext& ctx, const QString& queryName);
 
@@ -41,9 +43,9 @@ inline constexpr int kMaxRemark = 250;
 // run's e-mail and grouped remark on its rows, then shows the two counts.
 MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName, MergeChoice choice);
 
-// Writes `email` and `remark` on every booking row named `nom`. Returns the
-// rows changed.
-int Customer_Merge_Update(Database& db, const QString& nom, const QString& email, const QString& remark);
+// Writes `email` and `remark` on every row of `R_TB` (the Reservation table)
+// named `nom`. Returns the rows changed.
+int Customer_Merge_Update(Recordset& R_TB, const QString& nom, const QString& email, const QString& remark);
 
 // The export file for the list in force and the language of the texts.
 QString customerExportFileName(const QString& queryName, const Texts& texts);
