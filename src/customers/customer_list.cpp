@@ -40,13 +40,18 @@ void CustomerListPresenter::Customer_From_Reservation(const QString& name, Custo
 
 void CustomerListPresenter::Dessin_Customer() {
   rows_ = ksv::Dessin_Customer(ctx_, queryName);
+  folded_.clear();
+  for (const CustomerRow& r : rows_)
+    folded_ << foldForSearch(r.Nom + QChar(0x1F) + r.Email + QChar(0x1F) + r.Remarque);
   selectedRow = -1;
 }
 
 QList<CustomerRow> CustomerListPresenter::visibleRows() const {
+  const QString term = foldForSearch(search_.trimmed());
+  if (term.isEmpty()) return rows_;
   QList<CustomerRow> out;
-  for (const CustomerRow& r : rows_)
-    if (matchesSearch({r.Nom, r.Email, r.Remarque}, search_)) out << r;
+  for (qsizetype i = 0; i < rows_.size(); ++i)
+    if (folded_[i].contains(term)) out << rows_[i];
   return out;
 }
 

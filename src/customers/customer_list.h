@@ -83,6 +83,7 @@ class CustomerListPresenter {
 
   CustomerContext ctx_;
   QList<CustomerRow> rows_;
+  QStringList folded_;  // each line's texts folded once, for the search box
   QString search_;
   CustomerCopyTarget* target_ = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 #include "core/messages.h"
 #include "core/paths.h"
@@ -95,8 +96,20 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
   } run;
 
   Transaction transaction(ctx.db);
-  // One snapshot of the bookings for the whole walk: every run writes through it.
+  // One snapshot of the bookings for the whole walk, with the rows of each
+  // name found once: walking every booking for every run is quadratic.
   Recordset R_TB = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
+  QHash<QString, QList<int>> positions;
+  for (R_TB.moveFirst(); !R_TB.isEOF(); R_TB.moveNext())
+    positions[R_TB.field(QStringLiteral("Nom")).toString()] << R_TB.absolutePosition();
+  auto writeRun = [&R_TB, &positions](const QString& nom, const QString& email, const QString& remark) {
+    for (int position : positions.value(nom)) {
+      R_TB.setAbsolutePosition(position);
+      R_TB.setField(QStringLiteral("Email"), email);
+      R_TB.setField(QStringLiteral("Remarque"), remark);
+      R_TB.update();
+    }
+  };
   // Returns false when the merge must stop.
   auto closeRun = [&]() -> bool {
     if (run.rows < 2 && !run.gained) return true;
@@ -115,7 +128,7 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
           break;
       }
     }
-    Customer_Merge_Update(R_TB, run.head.Nom, run.head.Email, remark);
+    writeRun(run.head.Nom, run.head.Email, remark);
     ++counts.updated;
     return true;
   };
