@@ -23,6 +23,7 @@
 #include "core/regional.h"
 #include "core/texts.h"
 #include "core/ui/qt_messages.h"
+#include "customers/ui/customer_menus.h"
 #include "main_window.h"
 #include "net/ui/pass_word_dialog.h"
 #include "qt_session_view.h"
@@ -36,7 +37,7 @@ namespace ksv {
 namespace {
 
 void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& view, Messages& messages,
-               const Texts& texts) {
+               const Texts& texts, const Clock& clock, const Paths& paths) {
   auto on = [&w](const char* entry, std::function<void()> f) { w.setHandler(QString::fromLatin1(entry), std::move(f)); };
   on("M_New", [&] { s.M_New(); });
   on("M_OPen", [&] { s.M_OPen(); });
@@ -68,6 +69,10 @@ void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& v
     view.stopRefreshTimer();
     M_RestoreOption(s.connection()->db(), ini, s.Updating, messages, texts);
   });
+  const CustomerWindowsContext customers{s, messages, texts, clock, paths, [&view] { view.Dessiner_Ecran(); }};
+  on("M_CustomerList", [&w, customers] { showCustomerList(customers, kRQ_Customer, &w); });
+  on("M_AgentList", [&w, customers] { showCustomerList(customers, kRQ_Agent, &w); });
+  on("M_BlackList", [&w, customers] { showBlackList(customers, &w); });
 }
 
 }  // namespace
@@ -152,7 +157,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   view.attach(&session);
   session.firstRun = started.firstRun;
   session.Install_Example = [&] { return Install_Example(paths, clock, messages, texts); };
-  wireMenus(window, session, ini, view, messages, texts);
+  wireMenus(window, session, ini, view, messages, texts, clock, paths);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
   session.Show_Title();

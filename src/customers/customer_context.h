@@ -1,0 +1,34 @@
+#pragma once
+// What the customer and black list windows work with: the open planning and
+// the session's services.
+
+#include <QString>
+
+namespace ksv {
+
+class Clock;
+class Database;
+class Messages;
+class Paths;
+class Texts;
+
+struct CustomerContext {
+  Database& db;
+  const Clock& clock;
+  Messages& messages;
+  const Texts& texts;
+  const Paths& paths;  // planningDir(): where exports go
+};
+
+inline const QString kRQ_Customer = QStringLiteral("RQ_Customer");
+inline const QString kRQ_Agent = QStringLiteral("RQ_Agent");
+
+// One line of the customer grid: a row of RQ_Customer or RQ_Agent, Null read as "".
+struct CustomerRow {
+  QString Nom;
+  QString Email;
+  QString Remarque;
+  bool operator==(const CustomerRow&) const = default;
+};
+
+}  // namespace ksv

@@ -1,0 +1,88 @@
+#include "list_printer.h"
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "core/messages.h"
+#include "core/texts.h"
+
+namespace ksv {
+
+bool paintList(const PrintedList& list, QPagedPaintDevice& device) {
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  const QRect page = painter.viewport();
+  const int dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 96;
+  const int margin = dpi / 2;
+  const QRect area = page.adjusted(margin, margin, -margin, -margin);
+
+  QFont body(QStringLiteral("Arial"), 10);
+  QFont bold = body;
+  bold.setBold(true);
+  QFont title(QStringLiteral("Arial"), 14, QFont::Bold);
+
+  int totalWeight = 0;
+  for (int w : list.widths) totalWeight += w;
+  if (totalWeight <= 0) totalWeight = 1;
+  QList<int> lefts, widths;
+  int x = area.left();
+  for (int i = 0; i < list.titles.size(); ++i) {
+    const int w = area.width() * list.widths.value(i, 1) / totalWeight;
+    lefts << x;
+    widths << w - dpi / 10;
+    x += w;
+  }
+
+  int y = area.top();
+  auto header = [&] {
+    painter.setFont(title);
+    const int h = QFontMetrics(title, &device).height();
+    painter.drawText(QRect(area.left(), y, area.width(), h), Qt::AlignLeft, list.heading);
+    y += h + dpi / 8;
+    painter.setFont(bold);
+    const int th = QFontMetrics(bold, &device).height();
+    for (int i = 0; i < list.titles.size(); ++i) painter.drawText(QRect(lefts[i], y, widths[i], th), Qt::AlignLeft, list.titles[i]);
+    y += th;
+    painter.drawLine(area.left(), y, area.right(), y);
+    y += dpi / 16;
+    painter.setFont(body);
+  };
+  header();
+  const QFontMetrics metrics(body, &device);
+  for (const QStringList& row : list.rows) {
+    int height = metrics.height();
+    for (int i = 0; i < row.size() && i < widths.size(); ++i)
+      height = std::max(height, metrics.boundingRect(QRect(0, 0, widths[i], 100000), Qt::TextWordWrap, row[i]).height());
+    if (y + height > area.bottom()) {
+      device.newPage();
+      y = area.top();
+      header();
+    }
+    for (int i = 0; i < row.size() && i < widths.size(); ++i)
+      painter.drawText(QRect(lefts[i], y, widths[i], height), Qt::TextWordWrap | Qt::AlignLeft, row[i]);
+    y += height + dpi / 20;
+  }
+  return painter.end();
+}
+
+bool printListToPdf(const PrintedList& list, const QString& path) {
+  QPdfWriter writer(path);
+  writer.setResolution(300);
+  writer.setPageSize(QPageSize(QPageSize::A4));
+  writer.setTitle(list.heading);
+  return paintList(list, writer);
+}
+
+void printList(const PrintedList& list, QWidget* parent, Messages& messages, const Texts& texts) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(list.heading);
+  QPrintDialog dialog(&printer, parent);
+  if (dialog.exec() != QDialog::Accepted) return;
+  if (!paintList(list, printer)) messages.critical(texts.get(txt::CustomerPrintFailed));
+}
+
+}  // namespace ksv
