@@ -1,10 +1,14 @@
 #include "board_popups.h"
 
 #include <QMenu>
+#include <QScrollBar>
 
+#include "board/board_dates.h"
+#include "board/calendrier_presenter.h"
 #include "board/day_cell.h"
 #include "board/resource_presenter.h"
 #include "board/ui/board_widget.h"
+#include "board/ui/calendrier_dialog.h"
 #include "board/ui/resource_dialog.h"
 #include "core/texts.h"
 #include "storage/planning_session.h"
@@ -65,6 +69,18 @@ void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedO
     R_Resource.addAction(texts.get(txt::PopupUp), [&r] { r.R_Up_Click(); })->setEnabled(filled);
     R_Resource.addAction(texts.get(txt::PopupDown), [&r] { r.R_Down_Click(); })->setEnabled(filled);
     R_Resource.exec(global);
+  });
+}
+
+void wireMonthStrip(BoardWidget& board, const BoardDates& dates, const Clock& clock, const ScreenDescription& screen,
+                    const Texts& texts) {
+  QObject::connect(&board, &BoardWidget::monthPressed, &board, [&board, &dates, &clock, &screen, &texts] {
+    CalendrierPresenter presenter(clock, screen, texts);
+    presenter.showBoardRange(dates, board.HScroll()->value());
+    CalendrierDialog dialog(presenter, texts, &board);
+    dialog.exec();
+    if (presenter.Result)
+      board.HScroll()->setValue(presenter.pickedHPos(dates, board.drawing().frame().DayNb()));
   });
 }
 

@@ -9,8 +9,16 @@ class Messages;
 class PlanningSession;
 class Texts;
 struct LoadedOptions;
+struct BoardDates;
+class Clock;
+struct ScreenDescription;
 
 void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedOptions& options, Messages& messages,
                      const Texts& texts);
+
+// Mois_Click: the month strip opens the calendar on the board's range, and
+// the board moves to the day picked.
+void wireMonthStrip(BoardWidget& board, const BoardDates& dates, const Clock& clock, const ScreenDescription& screen,
+                    const Texts& texts);
 
 }  // namespace ksv

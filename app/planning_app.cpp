@@ -160,6 +160,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   wireMenus(window, session, ini, view, messages, texts, clock, paths);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
+  wireMonthStrip(*board, dates, clock, screen, texts);
   session.Show_Title();
   session.showEmptyBoard();
   window.show();

@@ -178,6 +178,10 @@ void BoardWidget::mousePressEvent(QMouseEvent* event) {
   const QPoint p = event->position().toPoint();
   const QPoint global = event->globalPosition().toPoint();
   for (int i = 0; i < f.DayNb(); ++i) {
+    if (pixels(f.Mois(i)).contains(p)) {
+      if (event->button() == Qt::LeftButton) emit monthPressed();
+      return;
+    }
     if (pixels(f.Jour(i)).contains(p)) {
       emit dayPressed(i, event->button(), global);
       return;

@@ -45,6 +45,8 @@ class BoardWidget : public QWidget {
 
  signals:
   void dayPressed(int column, Qt::MouseButton button, QPoint globalPos);
+  // A press on the month strip: Mois_Click.
+  void monthPressed();
   void dayReleased();
   void resourcePressed(int row, Qt::MouseButton button, QPoint globalPos);
   void labelPressed(int index, Qt::MouseButton button, QPoint globalPos);
