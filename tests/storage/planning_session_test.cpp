@@ -68,6 +68,13 @@ class Session : public ::testing::Test {
     return std::make_unique<PlanningSession>(
         SessionContext{messages, texts, clock, folders.paths(), ini, menus, regional}, view);
   }
+  // A session started with `path` as its last planning.
+  std::unique_ptr<PlanningSession> startedOn(const QString& path) {
+    ini.SetValue("Remember", "LastFile", path);
+    auto s = session();
+    s->firstFocus(false);
+    return s;
+  }
   bool menuEnabled(const char* name) const { return menus.find(name)->enabled; }
   bool menuVisible(const char* name) const { return menus.find(name)->visible; }
 
@@ -107,9 +114,7 @@ void stop(pid_t pid) {
 
 TEST_F(Session, OpensTheLastPlanningInNormalMode) {
   const QString path = makePlanning("Hotel.ksv");
-  ini.SetValue("Remember", "LastFile", path);
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   EXPECT_EQ(s->connection()->mode(), 'U');
   EXPECT_EQ(view.caption, "Kestrovane [" + path + "]");
@@ -164,10 +169,8 @@ TEST_F(Session, NormalModeTakenElsewhereFallsBackToConsultation) {
   const QString path = makePlanning("Hotel.ksv");
   const pid_t other = workstation(path, 'U');
   ASSERT_GT(other, 0);
-  ini.SetValue("Remember", "LastFile", path);
   ini.SetValue("Reservation", "Updating", "O");
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   EXPECT_EQ(s->connection()->mode(), 'C');
   EXPECT_EQ(ini.GetValue("Reservation", "Updating"), "N");
@@ -184,10 +187,8 @@ TEST_F(Session, TwoConsultationWorkstationsShareTheCount) {
   const QString path = makePlanning("Hotel.ksv");
   const pid_t other = workstation(path, 'C');
   ASSERT_GT(other, 0);
-  ini.SetValue("Remember", "LastFile", path);
   ini.SetValue("Reservation", "Updating", "N");
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 2);
   s->M_Close();
@@ -204,10 +205,8 @@ TEST_F(Session, AutoCompactWaitsWhenExclusiveIsRefused) {
   const QString path = makePlanning("Hotel.ksv");
   const pid_t other = workstation(path, 'C');
   ASSERT_GT(other, 0);
-  ini.SetValue("Remember", "LastFile", path);
   ini.SetValue("Remember", "AutoCompact", "261101");  // three weeks ago
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   EXPECT_TRUE(s->IsOpen);
   EXPECT_TRUE(messages.shown().empty());
   EXPECT_EQ(ini.GetValue("Remember", "AutoCompact"), "261122");
@@ -218,10 +217,8 @@ TEST_F(Session, AutoCompactWaitsWhenExclusiveIsRefused) {
 
 TEST_F(Session, AutoCompactRunsSilentlyAndRemovesItsSafetyCopy) {
   const QString path = makePlanning("Hotel.ksv");
-  ini.SetValue("Remember", "LastFile", path);
   ini.SetValue("Remember", "AutoCompact", "261115");  // seven days ago
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   EXPECT_TRUE(s->IsOpen);
   EXPECT_TRUE(messages.shown().empty());
   EXPECT_EQ(ini.GetValue("Remember", "AutoCompact"), "261122");
@@ -248,9 +245,7 @@ TEST_F(Session, ADamagedPlanningIsOfferedOneRepair) {
 
 TEST_F(Session, SwitchingModesReopens) {
   const QString path = makePlanning("Hotel.ksv");
-  ini.SetValue("Remember", "LastFile", path);
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   s->M_UpdateToConsult();
   ASSERT_TRUE(s->IsOpen);
   EXPECT_EQ(s->connection()->mode(), 'C');
@@ -284,10 +279,8 @@ TEST_F(Session, SaveWhileAnotherWorkstationWorks) {
   const QString path = makePlanning("Hotel.ksv");
   const pid_t other = workstation(path, 'U');
   ASSERT_GT(other, 0);
-  ini.SetValue("Remember", "LastFile", path);
   ini.SetValue("Reservation", "Updating", "N");
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
 
   view.saveAnswer = path;
@@ -317,9 +310,7 @@ TEST_F(Session, PurgeAsksWithNoPreselectedAndKeepsTheLimit) {
     insertRow(db, "Reservation", {{"Resource", "1"}, {"Date_Deb", QDate(2023, 10, 1)}, {"Date_Fin", QDate(2023, 10, 31)},
                                   {"Nom", "Purged"}, {"GroupId", "C"}});
   }
-  ini.SetValue("Remember", "LastFile", path);
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   messages.answer(MsgAnswer::Yes);
   s->M_Purge();
   EXPECT_EQ(messages.shown()[0].text, "Do you really want to purge bookings previous to the : 11/1/2023");
@@ -344,9 +335,7 @@ TEST_F(Session, CompactRepairWaitsForEveryoneElseAndReopens) {
   const QString path = makePlanning("Hotel.ksv");
   const pid_t other = workstation(path, 'C');
   ASSERT_GT(other, 0);
-  ini.SetValue("Remember", "LastFile", path);
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   view.openAnswer = path;
   s->M_CompactRepair();
@@ -363,9 +352,7 @@ TEST_F(Session, CompactRepairWaitsForEveryoneElseAndReopens) {
 
 TEST_F(Session, ExtractRefusesItselfAndReports) {
   const QString path = makePlanning("Hotel.ksv");
-  ini.SetValue("Remember", "LastFile", path);
-  auto s = session();
-  s->firstFocus(false);
+  auto s = startedOn(path);
   view.saveAnswer = path;
   s->M_Extract();
   EXPECT_EQ(messages.last().text, texts.get(txt::ExtractOnItself));
