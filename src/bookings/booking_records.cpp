@@ -99,21 +99,7 @@ void BookingRecords::writeBuffer(Recordset& t) {
 void BookingRecords::Creer_Reservation() {
   Recordset& t = rs();
   t.addNew();
-  updateRow(t, [&] {
-    t.setField("Nom", Nom_L);
-    t.setField("Email", Email_L);
-    t.setField("HowMany", HowMany_L);
-    t.setField("Resource", Res_L);
-    if (!InvNb_L.isEmpty()) t.setField("InvNb", invoiceNumber(InvNb_L));
-    t.setField("Blocage", Bloc_L);
-    t.setField("Couleur", Color_L);
-    t.setField("Remarque", Rem_L);
-    t.setField("Split", Split_L);
-    t.setField("Date_Deb", DD_L);
-    t.setField("Date_Fin", DF_L);
-    t.setField("GroupId", GroupId_L);
-    t.setField("GroupNb", GroupNb_L);
-  });
+  updateRow(t, [&] { writeBuffer(t); });
 }
 
 void BookingRecords::MAJ_Reservation() {
