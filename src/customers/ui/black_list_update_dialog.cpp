@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/texts.h"
+#include "remark_text.h"
 
 namespace ksv {
 
@@ -17,7 +18,7 @@ BlackListUpdateDialog::BlackListUpdateDialog(BlackListUpdatePresenter& presenter
   Nom = new QLineEdit(presenter_.Nom, this);
   Nom->setMaxLength(25);
   Nom->setReadOnly(presenter_.readOnly());
-  Remark = new QPlainTextEdit(QString(presenter_.Remark).replace(QLatin1String("\r\n"), QLatin1String("\n")), this);
+  Remark = new QPlainTextEdit(remarkForEdit(presenter_.Remark), this);
   Remark->setReadOnly(presenter_.readOnly());
   Remark->setMinimumWidth(380);
   OK = new QPushButton(presenter_.okCaption(), this);
@@ -37,7 +38,7 @@ BlackListUpdateDialog::BlackListUpdateDialog(BlackListUpdatePresenter& presenter
 
   connect(OK, &QPushButton::clicked, this, [this] {
     presenter_.Nom = Nom->text();
-    presenter_.Remark = Remark->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")).left(250);
+    presenter_.Remark = remarkFromEdit(Remark->toPlainText());
     presenter_.OK_Click();
     if (presenter_.closed) accept();
   });

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/texts.h"
+#include "remark_text.h"
 
 namespace ksv {
 
@@ -19,7 +20,7 @@ CustomerUpdateDialog::CustomerUpdateDialog(CustomerUpdatePresenter& presenter, c
   Nom->setMaxLength(25);
   Email = new QLineEdit(presenter_.Email, this);
   Email->setMaxLength(40);
-  Remark = new QPlainTextEdit(QString(presenter_.Remark).replace(QLatin1String("\r\n"), QLatin1String("\n")), this);
+  Remark = new QPlainTextEdit(remarkForEdit(presenter_.Remark), this);
   Remark->setMinimumWidth(380);
   OK = new QPushButton(presenter_.okCaption(), this);
   Cancel = new QPushButton(texts.get(txt::ButtonCancel), this);
@@ -40,8 +41,7 @@ CustomerUpdateDialog::CustomerUpdateDialog(CustomerUpdatePresenter& presenter, c
   connect(OK, &QPushButton::clicked, this, [this] {
     presenter_.Nom = Nom->text();
     presenter_.Email = Email->text();
-    // The remark column holds at most 250 characters, line ends as CR LF.
-    presenter_.Remark = Remark->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")).left(250);
+    presenter_.Remark = remarkFromEdit(Remark->toPlainText());
     presenter_.OK_Click();
     if (presenter_.closed) accept();
   });
