@@ -47,6 +47,13 @@ int Availability::GetCategory(const QString& resource) const {
   return -1;
 }
 
+QStringList Availability::resourcesOf(int category) const {
+  QStringList names;
+  for (const ResourceRow& row : resourcesInOrder(db_, clock_))
+    if (category == -1 || row.category == category) names << row.name;
+  return names;
+}
+
 std::vector<ResourceRoom> Availability::roomAround(QDate from, QDate to, int category,
                                                    const std::vector<SkippedBooking>& skip) const {
   return roomAround(resourcesInOrder(db_, clock_), from, to, category, skip);

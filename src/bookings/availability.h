@@ -54,6 +54,10 @@ class Availability {
   // not in the table.
   int GetCategory(const QString& resource) const;
 
+  // The resources of a category (-1: all) in board order: the Resource list
+  // of the booking dialogs.
+  QStringList resourcesOf(int category) const;
+
   // The number of free resources of a category (-1: all) from `from` to
   // `to`, or -1 when from is on or after to. The free ones are then the first
   // entries of Res_Free, Before_Free and After_Free, which are as long as the

@@ -26,6 +26,10 @@ struct BookingBuffer {
   QDate DD_S, DF_S;
 };
 
+// A group header occupies no resource; the store takes no empty name, so a
+// header row carries this blank instead.
+inline const QString kHeaderResource = QStringLiteral(" ");
+
 // A stored date as a day: a date that carries a time still names its day.
 QDate dayOf(const QVariant& value);
 

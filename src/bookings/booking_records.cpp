@@ -80,7 +80,8 @@ void BookingRecords::readClickedBooking() {
 }
 
 void BookingRecords::writeBuffer(Recordset& t) {
-  t.setField("Resource", Res_L);
+  // A group header has no resource, but the column takes no empty name.
+  t.setField("Resource", Res_L.isEmpty() ? kHeaderResource : Res_L);
   t.setField("Nom", Nom_L);
   t.setField("Email", Email_L);
   t.setField("HowMany", HowMany_L);

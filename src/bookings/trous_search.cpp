@@ -1,5 +1,7 @@
 #include "trous_search.h"
 
+#include "booking_form.h"
+
 #include "config/loaded_options.h"
 #include "core/clock.h"
 #include "core/messages.h"
@@ -14,8 +16,8 @@ constexpr int kMonthStep = 30;
 
 std::vector<CategoryItem> trousCategories(const LoadedOptions& options, const Texts& texts) {
   std::vector<CategoryItem> items{{texts.get(txt::AllCategories), kWhite, kBlack}};
-  for (int c = 0; c < kCategoryCount; ++c)
-    items.push_back({options.Categorie.value(c), options.CategoryBack[size_t(c)], options.CategoryFore[size_t(c)]});
+  const std::vector<CategoryItem> six = sixCategories(options);
+  items.insert(items.end(), six.begin(), six.end());
   return items;
 }
 

@@ -52,7 +52,7 @@ struct SessionObjects {
   Recordset DataBaseInfo;
   std::optional<QueryCommand> RQ_Reservation;
   std::optional<QueryCommand> RQ_Free;
-  Recordset Reservation;  // RS
+  Recordset Reservation;  // R_TB: the whole table
   Recordset RQ_Resource;
   Recordset BlackList;
   Recordset InvoiceGroupSort, ResultGroupSort, InvoiceAccountSort, ResultAccountSort;

@@ -1,0 +1,21 @@
+#include "booking_opening.h"
+
+#include "booking_records.h"
+#include "core/number_text.h"
+
+namespace ksv {
+
+bool openBooking(BookingRecords& records, const BookingDialogOpeners& open) {
+  bool OpenGroup = false;
+  if (val(records.Split_L) != 0) {
+    records.Found_Other_SplitPart();
+    if (!records.Flg_OkCl) return false;
+    OpenGroup = open.ReservationSplit();
+  } else {
+    OpenGroup = open.Reservation();
+  }
+  if (OpenGroup) open.ReservationGrp();
+  return true;
+}
+
+}  // namespace ksv
