@@ -5,8 +5,10 @@
 
 #include "board/board_dates.h"
 #include "board/board_drawing.h"
+#include "board/board_gestures.h"
 #include "board/screen_description.h"
 #include "board/ui/board_widget.h"
+#include "board_gestures.h"
 #include "board_popups.h"
 #include "board/ui/ecran_dialog.h"
 #include "config/charger_param.h"
@@ -161,6 +163,11 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);
+  // Presses on labels and empty cells, the drag and the keyboard. The booking
+  // dialogs are filled in here as they come.
+  BookingDialogs bookingDialogs;
+  const std::unique_ptr<BoardGestures> gestures =
+      wireBoardGestures({*board, session, view, options, dates, messages, texts, clock, paths}, bookingDialogs);
   session.Show_Title();
   session.showEmptyBoard();
   window.show();

@@ -199,9 +199,11 @@ void BoardWidget::mousePressEvent(QMouseEvent* event) {
   }
   const int label = labelAt(p);
   if (label >= 0) emit labelPressed(label, event->button(), global);
+  if (gestures_) pressOnGrid(event->button(), p, label);
 }
 
-void BoardWidget::mouseReleaseEvent(QMouseEvent*) {
+void BoardWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (gestures_ && releaseOnGrid(event->button(), event->position().toPoint())) return;
   if (infoJour_->isVisible()) {
     hideInfoJour();
     emit dayReleased();
@@ -286,6 +288,7 @@ void BoardWidget::paintEvent(QPaintEvent*) {
     p.setPen(QPen(Qt::red, 1));
     p.drawLine(toPixels(TwipLine{f.GridLeft(), y, f.GridLeft() + f.PasH() * f.DayNb(), y}, tpp_));
   }
+  paintGestures(p);
 }
 
 }  // namespace ksv

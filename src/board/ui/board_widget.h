@@ -9,10 +9,14 @@
 #include "board/board_drawing.h"
 
 class QLabel;
+class QPainter;
 class QPushButton;
 class QScrollBar;
+class QTimer;
 
 namespace ksv {
+
+class BoardGestures;
 
 class BoardWidget : public QWidget {
   Q_OBJECT
@@ -40,6 +44,14 @@ class BoardWidget : public QWidget {
   void showInfoJour(int column, const QString& text);
   void hideInfoJour();
 
+  // The gestures on labels and empty cells, the drag and the keyboard; none
+  // leaves presses on them to the signals alone.
+  void setGestures(BoardGestures* gestures);
+  // The keyboard's cell cursor, in view rows and columns.
+  int cursorRow() const { return cursorRow_; }
+  int cursorColumn() const { return cursorColumn_; }
+  void setCursorCell(int row, int column);
+
   int twipsPerPixel() const { return tpp_; }
   QRect pixels(const TwipRect& r) const;
 
@@ -56,6 +68,8 @@ class BoardWidget : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void HScroll_Change(int value);
@@ -64,6 +78,19 @@ class BoardWidget : public QWidget {
   void placeControls();
   void repaintMoved(int days, int resources);
   int labelAt(QPoint p) const;
+  // Gestures: what lies under a point during a drag, the drag's end, the
+  // timers, the gap caption and the cursor.
+  enum class Strip { None, Jour, Mois, HScroll };
+  Strip stripAt(int x, int y, int& index) const;
+  void dragOver(int x, int y);
+  void dropAt(int x, int y);
+  void syncDragTimers();
+  void syncTrou();
+  void paintGestures(QPainter& p);
+  void pressOnGrid(Qt::MouseButton button, QPoint p, int label);
+  // True when the release ended a drag.
+  bool releaseOnGrid(Qt::MouseButton button, QPoint p);
+  void moveCursorBy(int rows, int columns);
 
   BoardDrawing& drawing_;
   const LoadedOptions& options_;
@@ -76,6 +103,13 @@ class BoardWidget : public QWidget {
   QLabel* infoJour_;
   int dayLineColumn_ = -1;
   int resourceLineRow_ = -1;
+  BoardGestures* gestures_ = nullptr;
+  QTimer* timerVPlus_ = nullptr;
+  QTimer* timerVMoins_ = nullptr;
+  QLabel* trou_ = nullptr;
+  Strip dragStrip_ = Strip::None;
+  int cursorRow_ = 0;
+  int cursorColumn_ = 0;
 };
 
 }  // namespace ksv
