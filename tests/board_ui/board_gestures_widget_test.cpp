@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 #include "board/board_drawing.h"
 #include "board/board_gestures.h"
@@ -195,4 +196,41 @@ TEST_F(BoardGesturesWidgetTest, ArrowsMoveTheCursorAndEnterCreatesOrOpensLikeThe
   EXPECT_EQ(drawing_.HPos, 10);
   QTest::keyClick(board_.get(), Qt::Key_Home);
   EXPECT_EQ(board_->HScroll()->value(), 9);
+}
+
+TEST_F(BoardGesturesWidgetTest, CarryingABookingOverTheScrollBarScrollsTheRowsUntilTheLast) {
+  planning_.addBooking("Room 1", QDate(2025, 3, 3), QDate(2025, 3, 5), "Carried", 1);
+  showBoard(6);
+  auto* plus = board_->findChild<QTimer*>("TimerVPlus");
+  ASSERT_NE(plus, nullptr);
+  const QRect label = labelPixels(0);
+  const QPoint start(label.left() + 4, label.center().y());
+  const QPoint onBar = board_->pixels(frame_.HScroll()).center();
+
+  QTest::mousePress(board_.get(), Qt::LeftButton, {}, start);
+  QTest::mouseMove(board_.get(), onBar);
+  EXPECT_TRUE(plus->isActive());
+  // Two rows lie below the four shown; the timer stops at the last.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !plus->isActive(); }, 3000));
+  EXPECT_EQ(board_->VScroll()->value(), 2);
+
+  // Back on the grid, the third row shown is now Room 5.
+  const QPoint onGrid(start.x(), board_->pixels(TwipRect{0, frame_.GridTop() + 2 * 300 + 150, 0, 0}).top());
+  QTest::mouseMove(board_.get(), onGrid);
+  QTest::mouseRelease(board_.get(), Qt::LeftButton, {}, onGrid);
+  EXPECT_EQ(stored("Carried"), "Room 5 2025-03-03 2025-03-05");
+  EXPECT_FALSE(plus->isActive());
+}
+
+TEST_F(BoardGesturesWidgetTest, EscapeDropsNothing) {
+  options_.LockDate = false;
+  planning_.addBooking("Room 1", QDate(2025, 3, 3), QDate(2025, 3, 5), "Kept", 1);
+  showBoard(3);
+  const QRect label = labelPixels(0);
+  const QPoint start(label.left() + 4, label.center().y());
+  QTest::mousePress(board_.get(), Qt::LeftButton, {}, start);
+  QTest::mouseMove(board_.get(), start + QPoint(3 * cell(), cell()));
+  QTest::keyClick(board_.get(), Qt::Key_Escape);
+  QTest::mouseRelease(board_.get(), Qt::LeftButton, {}, start + QPoint(3 * cell(), cell()));
+  EXPECT_EQ(stored("Kept"), "Room 1 2025-03-03 2025-03-05");
 }
