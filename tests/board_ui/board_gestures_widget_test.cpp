@@ -222,7 +222,7 @@ TEST_F(BoardGesturesWidgetTest, CarryingABookingOverTheScrollBarScrollsTheRowsUn
   EXPECT_FALSE(plus->isActive());
 }
 
-TEST_F(BoardGesturesWidgetTest, EscapeDropsNothing) {
+TEST_F(BoardGesturesWidgetTest, EscapeOrLettingGoOutsideTheBoardDropsNothing) {
   options_.LockDate = false;
   planning_.addBooking("Room 1", QDate(2025, 3, 3), QDate(2025, 3, 5), "Kept", 1);
   showBoard(3);
@@ -232,5 +232,12 @@ TEST_F(BoardGesturesWidgetTest, EscapeDropsNothing) {
   QTest::mouseMove(board_.get(), start + QPoint(3 * cell(), cell()));
   QTest::keyClick(board_.get(), Qt::Key_Escape);
   QTest::mouseRelease(board_.get(), Qt::LeftButton, {}, start + QPoint(3 * cell(), cell()));
+  EXPECT_EQ(stored("Kept"), "Room 1 2025-03-03 2025-03-05");
+
+  const QPoint outside(board_->width() + 40, start.y() + cell());
+  QTest::mousePress(board_.get(), Qt::LeftButton, {}, start);
+  QTest::mouseMove(board_.get(), outside);
+  QTest::mouseRelease(board_.get(), Qt::LeftButton, {}, outside);
+  EXPECT_FALSE(gestures_->dragging());
   EXPECT_EQ(stored("Kept"), "Room 1 2025-03-03 2025-03-05");
 }

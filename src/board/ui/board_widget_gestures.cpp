@@ -137,6 +137,13 @@ bool BoardWidget::releaseOnGrid(Qt::MouseButton button, QPoint p) {
   if (!gestures_->dragging()) return false;
   // Only the button that picked the booking up puts it down.
   if (button != Qt::LeftButton) return true;
+  if (!rect().contains(p)) {
+    // Let go outside the board: nothing lies there to drop on.
+    gestures_->cancelDrag();
+    syncDragTimers();
+    update();
+    return true;
+  }
   dropAt(pixelsToTwips(p.x(), tpp_), pixelsToTwips(p.y(), tpp_));
   return true;
 }
