@@ -87,8 +87,7 @@ void BoardGestures::Lab_MouseDown(int index, Qt::MouseButton button, int x, int 
   }
 
   if (button == Qt::LeftButton) {
-    // A locked booking can't be picked up; the timer stays as the press left
-    // it until the release of the button.
+    // A locked booking can't be picked up: the press ends here.
     if (SelLocked) {
       startRefresh();
       return;

@@ -44,8 +44,8 @@ class BoardWidget : public QWidget {
   void showInfoJour(int column, const QString& text);
   void hideInfoJour();
 
-  // The gestures on labels and empty cells, the drag and the keyboard; none
-  // leaves presses on them to the signals alone.
+  // The gestures on labels and empty cells, the drag and the keyboard.
+  // Without them a press on a label only raises labelPressed.
   void setGestures(BoardGestures* gestures);
   // The keyboard's cell cursor, in view rows and columns.
   int cursorRow() const { return cursorRow_; }
