@@ -249,17 +249,6 @@ TEST_F(BoardGesturesTest, ADropOnALabelCountsFromThatLabelsCorner) {
   EXPECT_EQ(stored("Target"), "Room 3 2025-03-10 2025-03-14");
 }
 
-TEST_F(BoardGesturesTest, ABookingChangedUnderTheDragIsReportedAndNothingIsWritten) {
-  rooms(3);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 8), "Moved");
-  open();
-  const int dragX = pickUp("Moved");
-  planning_.db().execute("UPDATE Reservation SET Date_Fin = '2025-03-09' WHERE Nom = 'Moved'");
-  gestures_->Form_DragDrop(dragX, rowY(2));
-  EXPECT_EQ(messages_.texts(), QStringList{"Cannot recover the moved booking"});
-  EXPECT_EQ(stored("Moved"), "Room 1 2025-03-07 2025-03-09");
-}
-
 // ------------------------------------------------------------------ presses on labels
 
 TEST_F(BoardGesturesTest, ALockedBookingDoesNotDragButOpensOnTheRightButton) {

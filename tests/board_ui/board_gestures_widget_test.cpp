@@ -131,20 +131,6 @@ TEST_F(BoardGesturesWidgetTest, DraggingALabelMovesItsRowToTheResourceAndDaysUnd
   EXPECT_EQ(labelPixels(0).top(), label.top() + 2 * cell());
 }
 
-TEST_F(BoardGesturesWidgetTest, ADropOnTheDayStripLandsOnTheFirstRowAndLockedDatesStay) {
-  planning_.addBooking("Room 3", QDate(2025, 3, 3), QDate(2025, 3, 5), "Durand", 1);
-  showBoard(3);
-  ASSERT_TRUE(options_.LockDate);  // the default "O"
-  const QRect label = labelPixels(0);
-  const QPoint start(label.left() + 4, label.center().y());
-  const QPoint onDays = board_->pixels(frame_.Jour(7)).center();
-
-  QTest::mousePress(board_.get(), Qt::LeftButton, {}, start);
-  QTest::mouseMove(board_.get(), onDays);
-  QTest::mouseRelease(board_.get(), Qt::LeftButton, {}, onDays);
-  EXPECT_EQ(stored("Durand"), "Room 1 2025-03-03 2025-03-05");
-}
-
 TEST_F(BoardGesturesWidgetTest, ALeftPressOnAnEmptyCellShowsTheGapUntilRelease) {
   planning_.addBooking("Room 2", QDate(2025, 3, 6), QDate(2025, 3, 8), "Later");
   showBoard(3);
