@@ -1,0 +1,153 @@
+#include "booking_edit_widgets.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "board/ui/board_colors.h"
+#include "board/ui/calendar_view.h"
+#include "core/texts.h"
+
+namespace ksv {
+
+QString colourStyle(Colour back, Colour fore) {
+  return QStringLiteral("background: %1; color: %2;").arg(bgrColor(int(back)).name(), bgrColor(int(fore)).name());
+}
+
+QString dateLabel(QDate date) { return QLocale().toString(date, QLocale::ShortFormat); }
+
+QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent) {
+  auto* b = new QPushButton(caption, parent);
+  b->setObjectName(name);
+  b->setAutoDefault(false);
+  return b;
+}
+
+CustomerFields::CustomerFields(BookingEditForm& form, const Texts& texts, QWidget* parent)
+    : QWidget(parent), form_(form) {
+  const QStringList labels = texts.list(txt::ModifLabels, 11);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* states = new QGridLayout;
+  for (int i = 0; i < int(form_.Def_Cl.size()); ++i) {
+    const BookingState& s = form_.Def_Cl[size_t(i)];
+    auto* b = commandButton(s.caption, QStringLiteral("Def_Cl%1").arg(i), this);
+    b->setStyleSheet(colourStyle(s.back, s.fore));
+    connect(b, &QPushButton::clicked, this, [this, i] {
+      form_.Def_Cl_Click(i);
+      showValues();
+    });
+    states->addWidget(b, i / 3, i % 3);
+  }
+  layout->addLayout(states);
+
+  auto* fields = new QFormLayout;
+  Nom_ = new QLineEdit(this);
+  Nom_->setObjectName(QStringLiteral("Nom"));
+  Nom_->setMaxLength(50);
+  Email_ = new QLineEdit(this);
+  Email_->setObjectName(QStringLiteral("Email"));
+  HowMany_ = new QSpinBox(this);
+  HowMany_->setObjectName(QStringLiteral("HowMany"));
+  HowMany_->setRange(0, 32767);
+  Remarque_ = new QPlainTextEdit(this);
+  Remarque_->setObjectName(QStringLiteral("Remarque"));
+  Remarque_->setMaximumHeight(80);
+  InvNb_ = new QLineEdit(this);
+  InvNb_->setObjectName(QStringLiteral("InvNb"));
+  InvNb_->setReadOnly(true);
+  fields->addRow(labels.value(0), Nom_);
+  fields->addRow(labels.value(1), Email_);
+  fields->addRow(labels.value(2), HowMany_);
+  fields->addRow(labels.value(3), Remarque_);
+  fields->addRow(labels.value(4), InvNb_);
+  layout->addLayout(fields);
+
+  connect(Nom_, &QLineEdit::textEdited, this, [this](const QString& t) { form_.setNom(t); });
+  connect(Email_, &QLineEdit::textEdited, this, [this](const QString& t) { form_.setEmail(t); });
+  connect(HowMany_, &QSpinBox::valueChanged, this, [this](int n) { form_.setHowMany(qint16(n)); });
+  connect(Remarque_, &QPlainTextEdit::textChanged, this, [this] { form_.setRemarque(Remarque_->toPlainText()); });
+  showValues();
+}
+
+void CustomerFields::showValues() {
+  const QSignalBlocker b1(Nom_), b2(Email_), b3(HowMany_), b4(Remarque_);
+  if (Nom_->text() != form_.Nom) Nom_->setText(form_.Nom);
+  Nom_->setStyleSheet(colourStyle(form_.NomBack, form_.NomFore));
+  if (Email_->text() != form_.Email) Email_->setText(form_.Email);
+  HowMany_->setValue(form_.HowMany);
+  if (Remarque_->toPlainText() != form_.Remarque) Remarque_->setPlainText(form_.Remarque);
+  InvNb_->setText(form_.InvNb);
+}
+
+CalendarBox::CalendarBox(const ScreenDescription& screen, const Texts& texts, const QString& name,
+                         std::function<void(QDate)> clicked, QWidget* parent)
+    : QWidget(parent), calendar_(std::make_unique<clsCalendar>(screen, texts)) {
+  setObjectName(name);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  view_ = new CalendarView(*calendar_, this);
+  view_->setObjectName(name + QStringLiteral("View"));
+  layout->addWidget(view_);
+  connect(calendar_.get(), &clsCalendar::Click, this,
+          [this, clicked = std::move(clicked)] { clicked(calendar_->GetDate()); });
+}
+
+CalendarBox::~CalendarBox() {
+  // The view lets go of the calendar before the calendar goes.
+  delete view_;
+}
+
+void CalendarBox::show(const CalendarField& field) {
+  calendar_->SetDateFrom(field.lowest);
+  calendar_->SetDateTo(field.highest);
+  calendar_->SetDate(field.value);
+}
+
+ResourceLists::ResourceLists(const ResourceChoice& choice, const QString& suffix,
+                             std::function<void(int)> categoryClick, std::function<void(int)> resourceClick,
+                             QWidget* parent)
+    : QWidget(parent), choice_(choice) {
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  Category_ = new QComboBox(this);
+  Category_->setObjectName(QStringLiteral("Category") + suffix);
+  Resource_ = new QComboBox(this);
+  Resource_->setObjectName(QStringLiteral("Resource") + suffix);
+  layout->addWidget(Category_);
+  layout->addWidget(Resource_);
+  connect(Category_, &QComboBox::activated, this, [this, categoryClick = std::move(categoryClick)](int i) {
+    categoryClick(i);
+    showValues();
+  });
+  connect(Resource_, &QComboBox::activated, this, [this, resourceClick = std::move(resourceClick)](int i) {
+    resourceClick(i);
+    showValues();
+  });
+  showValues();
+}
+
+void ResourceLists::showValues() {
+  const QSignalBlocker b1(Category_), b2(Resource_);
+  Category_->clear();
+  for (const CategoryItem& c : choice_.categories) Category_->addItem(c.name);
+  for (int i = 0; i < Category_->count(); ++i) {
+    const CategoryItem& c = choice_.categories[size_t(i)];
+    Category_->setItemData(i, bgrColor(int(c.back)), Qt::BackgroundRole);
+    Category_->setItemData(i, bgrColor(int(c.fore)), Qt::ForegroundRole);
+  }
+  Category_->setCurrentIndex(choice_.Category);
+  Resource_->clear();
+  Resource_->addItems(choice_.resources);
+  // A resource outside the lists still shows as the booking's.
+  if (choice_.resourceIndex() < 0 && !choice_.Resource.isEmpty()) Resource_->addItem(choice_.Resource);
+  Resource_->setCurrentText(choice_.Resource);
+  const QString style = colourStyle(choice_.back(), choice_.fore());
+  Category_->setStyleSheet(style);
+  Resource_->setStyleSheet(style);
+}
+
+}  // namespace ksv

@@ -1,0 +1,82 @@
+#pragma once
+// The widgets the booking and split dialogs share, bound to a
+// BookingEditForm: the customer fields, the state buttons, a calendar, a
+// category list with its resource list. They show the presenter's values and
+// forward the user's edits; they decide nothing.
+
+#include <functional>
+#include <memory>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QWidget>
+
+#include "board/cls_calendar.h"
+#include "board/screen_description.h"
+#include "bookings/booking_edit_form.h"
+
+namespace ksv {
+
+class CalendarView;
+
+// Nom with the six state buttons, Email, HowMany, Remarque and InvNb.
+class CustomerFields : public QWidget {
+  Q_OBJECT
+ public:
+  CustomerFields(BookingEditForm& form, const Texts& texts, QWidget* parent = nullptr);
+  // Shows the form's values without counting them as edits.
+  void showValues();
+  void focusNom() { Nom_->setFocus(); }
+
+ private:
+  BookingEditForm& form_;
+  QLineEdit* Nom_;
+  QLineEdit* Email_;
+  QSpinBox* HowMany_;
+  QPlainTextEdit* Remarque_;
+  QLineEdit* InvNb_;
+};
+
+// One calendar of the dialog, bounded by its field; a picked day is
+// forwarded to `clicked`.
+class CalendarBox : public QWidget {
+  Q_OBJECT
+ public:
+  CalendarBox(const ScreenDescription& screen, const Texts& texts, const QString& name,
+              std::function<void(QDate)> clicked, QWidget* parent = nullptr);
+  ~CalendarBox() override;
+  void show(const CalendarField& field);
+  clsCalendar& calendar() { return *calendar_; }
+  CalendarView* view() const { return view_; }
+
+ private:
+  std::unique_ptr<clsCalendar> calendar_;
+  CalendarView* view_;
+};
+
+// A Category list with its Resource list, both in the category's colours.
+class ResourceLists : public QWidget {
+  Q_OBJECT
+ public:
+  ResourceLists(const ResourceChoice& choice, const QString& suffix, std::function<void(int)> categoryClick,
+                std::function<void(int)> resourceClick, QWidget* parent = nullptr);
+  void showValues();
+
+ private:
+  const ResourceChoice& choice_;
+  QComboBox* Category_;
+  QComboBox* Resource_;
+};
+
+// A button of the dialog, named for tests and finding.
+QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent);
+// The style of a widget in a booking colour pair.
+QString colourStyle(Colour back, Colour fore);
+// A date as the labels show it.
+QString dateLabel(QDate date);
+
+}  // namespace ksv

@@ -1,0 +1,387 @@
+// The dialog of a whole booking: what it shows, what Modify, Split and
+// Delete leave in the file, the group's dates, leaving with or without
+// saving, and what the invoice and the holes search are given.
+#include "bookings/reservation_modify.h"
+
+#include "bookings/check_group_date.h"
+#include "bookings/trous_search.h"
+#include "customers/customer_list.h"
+#include "modification_planning.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+class ReservationTest : public ModificationPlanning {
+ protected:
+  // Opens the dialog on a stored booking.
+  ReservationPresenter& open(qint64 rowid) {
+    click(rowid);
+    presenter_ = std::make_unique<ReservationPresenter>(ctx());
+    presenter_->close = [this] { ++closes_; };
+    presenter_->Form_Load();
+    return *presenter_;
+  }
+  std::unique_ptr<ReservationPresenter> presenter_;
+  int closes_ = 0;
+};
+
+TEST_F(ReservationTest, LoadShowsTheBookingWithinTheBoardBounds) {
+  const qint64 id = booking("Room 2*", march(10), march(13), "Durand",
+                            {{"Email", "d@example.org"}, {"HowMany", 3}, {"Remarque", "Cot"}, {"InvNb", -4},
+                             {"Blocage", true}, {"Couleur", 1}});
+  ReservationPresenter& p = open(id);
+
+  EXPECT_EQ(p.cmdGroupCaption, "Open a &group");
+  EXPECT_EQ(p.Nom, "Durand");
+  EXPECT_EQ(p.Email, "d@example.org");
+  EXPECT_EQ(p.HowMany, 3);
+  EXPECT_EQ(p.Remarque, "Cot");
+  EXPECT_EQ(p.InvNb, "-4");
+  EXPECT_TRUE(p.Bloc);
+  EXPECT_EQ(p.NomTag, 1);
+  EXPECT_EQ(p.NomBack, 16576u);
+  EXPECT_EQ(p.NomFore, kWhite);
+  EXPECT_EQ(p.NB_Jour, 3);
+  EXPECT_EQ(p.FirstDate, march(1));
+  EXPECT_EQ(p.CalF.lowest, march(1));
+  EXPECT_EQ(p.CalT.lowest, march(2));
+  EXPECT_EQ(p.CalF.highest, march(30));
+  EXPECT_EQ(p.CalT.highest, march(31));
+  EXPECT_EQ(p.choice.categories.size(), 6u);
+  EXPECT_EQ(p.choice.Category, 0);
+  EXPECT_EQ(p.choice.resources, (QStringList{"Room 1", "Room 2*"}));
+  EXPECT_EQ(p.choice.resourceIndex(), 1);
+  EXPECT_FALSE(p.changed);
+  EXPECT_FALSE(p.invoiceEnabled());
+}
+
+TEST_F(ReservationTest, ABookingOlderThanTheBoardAndAGroupMemberLoad) {
+  groupHeader(7, march(1), march(5), "Club");
+  const qint64 id = booking("Suite", QDate(2025, 2, 25), march(3), "Club_1", {{"GroupNb", 7}});
+  ReservationPresenter& p = open(id);
+  EXPECT_EQ(p.cmdGroupCaption, "Open the &group");
+  EXPECT_EQ(p.FirstDate, QDate(2025, 2, 25));
+  EXPECT_EQ(p.CalF.lowest, QDate(2025, 2, 25));
+  EXPECT_EQ(p.CalT.lowest, QDate(2025, 2, 26));
+  EXPECT_EQ(p.NB_Jour, 6);
+  EXPECT_EQ(p.choice.Category, 1);
+  EXPECT_EQ(p.choice.resources, QStringList{"Suite"});
+}
+
+TEST_F(ReservationTest, ModifyWritesTheDialogAndKeepsKindGroupAndInvoice) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand", {{"InvNb", 12}, {"GroupNb", 3}});
+  ReservationPresenter& p = open(id);
+  p.setNom("Durand-Roy");
+  p.Def_Cl_Click(4);
+  EXPECT_EQ(p.NomBack, 65535u);
+  EXPECT_EQ(p.NomFore, kBlack);
+  p.setRemarque("Late");
+  p.setHowMany(2);
+  p.setBloc(true);
+  p.Category_Click(1);
+  EXPECT_EQ(p.choice.Resource, "Suite");
+  p.CalT_DateClicked(march(15));
+  EXPECT_EQ(p.NB_Jour, 5);
+  EXPECT_TRUE(p.changed);
+
+  options_.CheckGroupDate = false;  // no header for group 3 in this file anyway
+  EXPECT_TRUE(p.Modify_Click());
+  EXPECT_EQ(row(id), "Durand-Roy/Suite/2025-03-10/2025-03-15/0/12/1/4/3");
+  EXPECT_EQ(planning_.db().scalar("SELECT Remarque FROM Reservation").toString(), "Late");
+  EXPECT_EQ(planning_.db().scalar("SELECT HowMany FROM Reservation").toInt(), 2);
+  EXPECT_EQ(redraws_, 1);
+  EXPECT_EQ(closes_, 1);
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(ReservationTest, ModifyRefusesReversedDatesAndAnEmptyName) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  const QString before = row(id);
+  ReservationPresenter& p = open(id);
+  int focus = 0;
+  p.focusNom = [&] { ++focus; };
+
+  p.CalT_DateClicked(march(10));
+  EXPECT_FALSE(p.Modify_Click());
+  ASSERT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(messages_.last().text, "The date [From] must be smaller than the date [To]");
+  EXPECT_EQ(messages_.last().icon, MsgIcon::Information);
+
+  p.CalT_DateClicked(march(11));
+  p.setNom("");
+  EXPECT_FALSE(p.Modify_Click());
+  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(messages_.last().icon, MsgIcon::Critical);
+  EXPECT_EQ(focus, 1);
+  EXPECT_EQ(row(id), before);
+  EXPECT_EQ(closes_, 0);
+  EXPECT_EQ(redraws_, 0);
+}
+
+TEST_F(ReservationTest, SplitMakesTwoPartsThatShareEverythingButTheirDays) {
+  groupHeader(5, march(10), march(12), "Club");
+  const qint64 id = booking("Room 1", march(10), march(12), "Club_1",
+                            {{"InvNb", -9}, {"GroupNb", 5}, {"Couleur", 2}, {"Email", "c@example.org"}});
+  ReservationPresenter& p = open(id);
+  EXPECT_TRUE(p.Split_Click());
+  EXPECT_EQ(stays(), (QStringList{"Club_1/Room 1/2025-03-10/2025-03-11/1/-9/0/2/5",
+                                  "Club_1/Room 1/2025-03-11/2025-03-12/2/-9/0/2/5"}));
+  EXPECT_EQ(planning_.db().scalar("SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Email = "
+                                  "'c@example.org'").toInt(), 2);
+  EXPECT_EQ(redraws_, 1);
+  EXPECT_EQ(closes_, 1);
+  EXPECT_TRUE(messages_.shown().empty());
+
+  // The parts find each other again from either side.
+  click(lastRowId());
+  EXPECT_EQ(planning_.objects().Reservation.rowId(), id);
+}
+
+TEST_F(ReservationTest, SplitOfALongerStayCutsAfterTheFirstDayAndKeepsTheEdits) {
+  const qint64 id = booking("Room 1", march(10), march(14), "Durand");
+  ReservationPresenter& p = open(id);
+  p.Resource_Click(1);
+  EXPECT_TRUE(p.Split_Click());
+  EXPECT_EQ(stays(), (QStringList{"Durand/Room 2*/2025-03-10/2025-03-11/1/<null>/0/0/0",
+                                  "Durand/Room 2*/2025-03-11/2025-03-14/2/<null>/0/0/0"}));
+}
+
+TEST_F(ReservationTest, AOneDayBookingIsNotSplit) {
+  const qint64 id = booking("Room 1", march(10), march(11), "Durand");
+  ReservationPresenter& p = open(id);
+  EXPECT_FALSE(p.Split_Click());
+  ASSERT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(messages_.last().text, "You cannot split a booking of one day.");
+  EXPECT_EQ(messages_.last().icon, MsgIcon::Information);
+  EXPECT_EQ(stays(), QStringList{"Durand/Room 1/2025-03-10/2025-03-11/0/<null>/0/0/0"});
+  EXPECT_EQ(closes_, 0);
+}
+
+TEST_F(ReservationTest, DeleteAsksOnceAndTakesTheInvoiceFirst) {
+  const qint64 keep = booking("Room 1", march(1), march(3), "Other");
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand", {{"InvNb", 31}});
+  ctx().invoice = &invoice_;
+  ReservationPresenter& p = open(id);
+  EXPECT_TRUE(p.invoiceEnabled());
+
+  messages_.answer(MsgAnswer::No);
+  EXPECT_FALSE(p.Supprimer_Click());
+  EXPECT_EQ(messages_.last().text, "Do you really want to delete this booking ?");
+  EXPECT_EQ(messages_.last().buttons, MsgButtons::YesNo);
+  EXPECT_EQ(messages_.last().preselected, MsgAnswer::No);
+  EXPECT_TRUE(invoice_.deleted.empty());
+  EXPECT_NE(row(id), "<gone>");
+
+  messages_.clear();
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(p.Supprimer_Click());
+  EXPECT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(invoice_.deleted, std::vector<QString>{"31"});
+  EXPECT_EQ(invoice_.rowsAtDelete, std::vector<int>{2});  // the booking was still there
+  EXPECT_EQ(row(id), "<gone>");
+  EXPECT_NE(row(keep), "<gone>");
+  EXPECT_EQ(redraws_, 1);
+  EXPECT_EQ(closes_, 1);
+}
+
+TEST_F(ReservationTest, DeleteWithoutInvoiceOrWithoutInvoiceWindowRemovesNoInvoice) {
+  const qint64 plain = booking("Room 1", march(10), march(12), "Plain");
+  ctx().invoice = &invoice_;
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(open(plain).Supprimer_Click());
+  EXPECT_TRUE(invoice_.deleted.empty());
+
+  ctx().invoice = nullptr;
+  const qint64 billed = booking("Room 1", march(20), march(22), "Billed", {{"InvNb", 8}});
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(open(billed).Supprimer_Click());
+  EXPECT_EQ(row(billed), "<gone>");
+  EXPECT_TRUE(invoice_.deleted.empty());
+}
+
+TEST_F(ReservationTest, OpeningTheGroupDropsTheEditsWithoutAQuestion) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand", {{"GroupNb", 2}});
+  const QString before = row(id);
+  ReservationPresenter& p = open(id);
+  p.setNom("Someone else");
+  p.CalF_DateClicked(march(11));
+  p.cmdGroup_Click();
+  EXPECT_TRUE(p.OpenGroup);
+  EXPECT_TRUE(p.isClosed());
+  EXPECT_EQ(closes_, 1);
+  EXPECT_EQ(row(id), before);
+  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_EQ(redraws_, 0);
+}
+
+TEST_F(ReservationTest, GroupDatesAreOfferedUnlessTheOptionIsOff) {
+  groupHeader(4, march(10), march(15), "Club");
+  const qint64 id = booking("Room 1", march(11), march(13), "Club_1", {{"GroupNb", 4}});
+  const QString question =
+      "The dates of this booking don't correspond to the one of the group.\r\nDo you want to put the dates of the "
+      "group ?";
+
+  options_.CheckGroupDate = false;
+  open(id).CalT_DateClicked(march(14));
+  EXPECT_TRUE(presenter_->Modify_Click());
+  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_EQ(row(id), "Club_1/Room 1/2025-03-11/2025-03-14/0/<null>/0/0/4");
+
+  options_.CheckGroupDate = true;
+  messages_.answer(MsgAnswer::No);
+  EXPECT_TRUE(open(id).Modify_Click());
+  ASSERT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(messages_.last().text, question);
+  EXPECT_EQ(messages_.last().buttons, MsgButtons::YesNo);
+  EXPECT_EQ(messages_.last().preselected, MsgAnswer::No);
+  EXPECT_EQ(row(id), "Club_1/Room 1/2025-03-11/2025-03-14/0/<null>/0/0/4");
+
+  messages_.answer(MsgAnswer::Yes);
+  ReservationPresenter& p = open(id);
+  int refreshed = 0;
+  p.refresh = [&] { ++refreshed; };
+  EXPECT_TRUE(p.Modify_Click());
+  EXPECT_EQ(p.CalF.value, march(10));
+  EXPECT_EQ(p.NB_Jour, 5);
+  EXPECT_EQ(refreshed, 1);
+  EXPECT_EQ(row(id), "Club_1/Room 1/2025-03-10/2025-03-15/0/<null>/0/0/4");
+
+  // Dates equal to the group's ask nothing.
+  messages_.clear();
+  EXPECT_TRUE(open(id).Modify_Click());
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(ReservationTest, CheckGroupDateLeavesANonMemberAlone) {
+  groupHeader(4, march(10), march(15), "Club");
+  QDate from = march(1), to = march(2);
+  EXPECT_FALSE(CheckGroupDate(ctx(), 0, from, to));
+  EXPECT_FALSE(CheckGroupDate(ctx(), 9, from, to));  // no such header
+  EXPECT_EQ(from, march(1));
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(ReservationTest, LeavingAsksOnlyAfterAChangeAndFollowsTheAnswer) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  const QString before = row(id);
+
+  EXPECT_TRUE(open(id).Annuler_Click());
+  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_EQ(closes_, 1);
+
+  ReservationPresenter& p = open(id);
+  p.setEmail("new@example.org");
+  messages_.answer(MsgAnswer::Cancel);
+  EXPECT_FALSE(p.Annuler_Click());
+  EXPECT_EQ(messages_.last().text, "Do you want to modify the booking before leaving  ?");
+  EXPECT_EQ(messages_.last().buttons, MsgButtons::YesNoCancel);
+  EXPECT_EQ(messages_.last().preselected, MsgAnswer::Cancel);
+  EXPECT_FALSE(p.isClosed());
+
+  messages_.answer(MsgAnswer::No);
+  EXPECT_TRUE(p.Annuler_Click());
+  EXPECT_EQ(closes_, 2);
+  EXPECT_EQ(row(id), before);
+
+  ReservationPresenter& q = open(id);
+  q.setEmail("new@example.org");
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(q.Annuler_Click());
+  EXPECT_EQ(planning_.db().scalar("SELECT Email FROM Reservation").toString(), "new@example.org");
+  EXPECT_EQ(closes_, 3);
+
+  // Yes on a booking that cannot be saved stays in the dialog.
+  ReservationPresenter& r = open(id);
+  r.setNom("");
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_FALSE(r.Annuler_Click());
+  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_FALSE(r.isClosed());
+  EXPECT_TRUE(messages_.allAnswersUsed());
+}
+
+TEST_F(ReservationTest, TheInvoiceGetsTheStayWithoutTheResourceMark) {
+  const qint64 id = booking("Room 2*", march(10), march(13), "Durand", {{"Couleur", 3}, {"Remarque", "VIP"}});
+  ctx().invoice = &invoice_;
+  ReservationPresenter& p = open(id);
+  p.Def_Cl_Click(0);  // unsaved: the invoice shows the stored state
+  p.CdInvoice_Click();
+  ASSERT_EQ(invoice_.shown.size(), 1u);
+  const InvoiceHandOver& h = invoice_.shown.front();
+  EXPECT_EQ(h.Nom, "Durand");
+  EXPECT_EQ(h.back, 16711680u);
+  EXPECT_EQ(h.fore, kWhite);
+  EXPECT_EQ(h.Remark, "VIP");
+  EXPECT_EQ(h.InvNb, "");
+  EXPECT_EQ(h.DtFrom, march(10));
+  EXPECT_EQ(h.DtTo, march(13));
+  EXPECT_EQ(h.Days, 3);
+  EXPECT_EQ(h.Resource, "Room 2");
+  EXPECT_FALSE(h.DtFromS.isValid());
+}
+
+TEST_F(ReservationTest, HolesSearchSkipsTheBookingItselfAndGivesBackTheChosenResource) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  booking("Room 2*", march(11), march(12), "Busy");
+  std::vector<QStringList> grids;
+  int mode = -1;
+  bool allCategories = false;
+  ctx().windows.Trous = [&](TrousSearch& t) {
+    t.Form_Load();
+    if (allCategories) {
+      t.setCategory(-1);
+      messages_.answer(MsgAnswer::Yes);
+    }
+    mode = t.Mode;
+    grids.push_back(t.gridLines());
+    return t.Trous_OK_Click(0);
+  };
+  ReservationPresenter& p = open(id);
+  ASSERT_TRUE(p.holesEnabled());
+  p.Holes_Click();
+  EXPECT_EQ(mode, 2);
+  // Room 2* is taken; the booking does not take its own room.
+  EXPECT_EQ(grids.back(), QStringList{"Room 1\t30 +\t30 +"});
+  EXPECT_EQ(p.choice.Resource, "Room 1");  // its own line: nothing to ask, nothing chosen
+  EXPECT_FALSE(p.changed);
+  EXPECT_TRUE(messages_.shown().empty());
+
+  p.Category_Click(1);
+  EXPECT_EQ(p.choice.Resource, "Suite");
+  p.changed = false;
+  allCategories = true;
+  p.Holes_Click();
+  EXPECT_EQ(grids.back(), (QStringList{"Room 1\t30 +\t30 +", "Suite\t30 +\t30 +"}));
+  EXPECT_EQ(messages_.last().text, "Do you want the resource Room 1 to become the booking resource ?");
+  EXPECT_EQ(p.choice.Category, 0);
+  EXPECT_EQ(p.choice.Resource, "Room 1");
+  EXPECT_EQ(p.choice.resources, (QStringList{"Room 1", "Room 2*"}));
+  EXPECT_TRUE(p.changed);
+  EXPECT_TRUE(messages_.allAnswersUsed());
+}
+
+TEST_F(ReservationTest, CustomerListFillsTheCustomerFieldsOnCopy) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Dur");
+  QString asked;
+  ctx().windows.Customer_From_Reservation = [&](const QString& name, CustomerCopyTarget& target, bool agents) {
+    asked = name;
+    EXPECT_FALSE(agents);
+    target = {"Durand", "d@example.org", "Regular", true};
+  };
+  std::pair<QString, QString> blackListed;
+  ctx().windows.BlackList_Add_Commun = [&](const QString& n, const QString& r) { blackListed = {n, r}; };
+  ReservationPresenter& p = open(id);
+  p.Search_Click();
+  EXPECT_EQ(asked, "Dur");
+  EXPECT_EQ(p.Nom, "Durand");
+  EXPECT_EQ(p.Email, "d@example.org");
+  EXPECT_EQ(p.Remarque, "Regular");
+  EXPECT_TRUE(p.changed);
+  p.PutBlackList_Click();
+  EXPECT_EQ(blackListed, (std::pair<QString, QString>{"Durand", "Regular"}));
+  EXPECT_FALSE(p.blackListEnabled());
+}
+
+}  // namespace

@@ -1,0 +1,105 @@
+// The booking window on a real planning: typing and picking through the
+// widgets reach the row, and closing the window asks like Annuler.
+#include "bookings/ui/reservation_dialog.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
+
+#include "board/ui/calendar_view.h"
+#include "bookings/modification_planning.h"
+#include "bookings/ui/reservation_split_dialog.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+class ReservationDialogTest : public ModificationPlanning {
+ protected:
+  // Runs `act` on the dialog once it is shown modally.
+  void whenShown(std::function<void(QWidget&)> act) {
+    QTimer::singleShot(0, [act = std::move(act)] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      ASSERT_NE(dialog, nullptr);
+      act(*dialog);
+      // Whatever the test left open goes without saving.
+      if (QApplication::activeModalWidget() == dialog) dialog->hide();
+    });
+  }
+  static void type(QWidget& target, const QString& text) {
+    for (const QChar c : text) {
+      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+      QApplication::sendEvent(&target, &press);
+    }
+  }
+  static void clickDay(CalendarView& view, QDate day) {
+    const QPointF at = view.dayCentre(day);
+    QMouseEvent press(QEvent::MouseButtonPress, at, view.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&view, &press);
+  }
+};
+
+TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  click(id);
+  whenShown([](QWidget& d) {
+    auto* nom = d.findChild<QLineEdit*>("Nom");
+    ASSERT_NE(nom, nullptr);
+    EXPECT_EQ(nom->text(), "Durand");
+    nom->setFocus();
+    nom->end(false);
+    type(*nom, "-Roy");
+    auto* calT = d.findChild<CalendarView*>("CalTView");
+    ASSERT_NE(calT, nullptr);
+    clickDay(*calT, march(14));
+    EXPECT_EQ(d.findChild<QLabel*>("NB_Jour")->text(), "4");
+    EXPECT_FALSE(d.findChild<QPushButton*>("CdInvoice")->isEnabled());
+    d.findChild<QPushButton*>("Modify")->click();
+    EXPECT_FALSE(d.isVisible());
+  });
+  EXPECT_FALSE(showReservation(ctx(), nullptr));
+  EXPECT_EQ(row(id), "Durand-Roy/Room 1/2025-03-10/2025-03-14/0/<null>/0/0/0");
+  EXPECT_EQ(redraws_, 1);
+  EXPECT_TRUE(messages_.shown().empty());
+}
+
+TEST_F(ReservationDialogTest, ClosingTheWindowAsksBeforeLeavingAChangedBooking) {
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  const QString before = row(id);
+  click(id);
+  messages_.answer(MsgAnswer::Cancel);
+  messages_.answer(MsgAnswer::No);
+  whenShown([this](QWidget& d) {
+    auto* email = d.findChild<QLineEdit*>("Email");
+    email->setFocus();
+    type(*email, "x@example.org");
+    d.close();
+    EXPECT_TRUE(d.isVisible());  // Cancel stays
+    EXPECT_EQ(messages_.last().text, "Do you want to modify the booking before leaving  ?");
+    d.close();
+    EXPECT_FALSE(d.isVisible());
+  });
+  EXPECT_FALSE(showReservation(ctx(), nullptr));
+  EXPECT_EQ(row(id), before);
+  EXPECT_TRUE(messages_.allAnswersUsed());
+}
+
+TEST_F(ReservationDialogTest, TheGroupButtonOfTheSplitWindowAsksForTheGroup) {
+  booking("Room 1", march(10), march(12), "Durand", {{"Split", "1"}, {"GroupNb", 3}});
+  const qint64 part2 = booking("Suite", march(12), march(15), "Durand", {{"Split", "2"}, {"GroupNb", 3}});
+  click(part2);
+  whenShown([](QWidget& d) {
+    EXPECT_EQ(d.findChild<QLabel*>("NB_Jour1")->text(), "2");
+    EXPECT_EQ(d.findChild<QLabel*>("NB_Jour2")->text(), "3");
+    auto* group = d.findChild<QPushButton*>("cmdGroup");
+    EXPECT_EQ(group->text(), "Open the &group");
+    group->click();
+  });
+  EXPECT_TRUE(showReservationSplit(ctx(), nullptr));
+}
+
+}  // namespace
