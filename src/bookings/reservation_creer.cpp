@@ -47,6 +47,8 @@ void ReservationCreerPresenter::Form_Load() {
   CalFLowest = ctx_.FirstDate;
   CalFHighest = ctx_.LastDate.addDays(-1);
   CalF = ctx_.records.DD_L;
+  // A press on the board's last day still leaves room for one night.
+  if (CalFHighest.isValid() && CalF > CalFHighest) CalF = CalFHighest;
   CalTLowest = ctx_.FirstDate.addDays(1);
   CalTHighest = ctx_.LastDate;
   CalT = CalF.addDays(kProposedStay);

@@ -91,6 +91,19 @@ TEST_F(CreerTest, FormLoadProposesAWeekOnThePressedResource) {
   EXPECT_TRUE(p.changed);
 }
 
+TEST_F(CreerTest, APressOnTheBoardsLastDaysStaysWithinTheCalendars) {
+  ReservationCreerPresenter& p = open("101", QDate(2025, 6, 27));
+  EXPECT_EQ(p.CalF, QDate(2025, 6, 27));
+  EXPECT_EQ(p.CalT, QDate(2025, 6, 30));
+  EXPECT_EQ(p.NB_Jour, 3);
+
+  ReservationCreerPresenter& last = open("101", QDate(2025, 6, 30));
+  EXPECT_EQ(last.CalF, QDate(2025, 6, 29));
+  EXPECT_EQ(last.CalT, QDate(2025, 6, 30));
+  EXPECT_EQ(last.NbAvailable, "3");
+  EXPECT_TRUE(messages.shown().empty());
+}
+
 TEST_F(CreerTest, RemarkTemplateIsReadOnlyWithTheFrameOption) {
   QFile file(planning.paths().remarksTemplate());
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
