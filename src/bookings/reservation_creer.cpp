@@ -287,10 +287,19 @@ void ReservationCreerPresenter::Create_Click() {
   b.Res_L = resource();
   b.GroupNb_L = 0;
   recomputeGroupId();
-  if (groupId_ == QLatin1String("C"))
-    b.Creer_Reservation();
-  else
-    createGroup(Nom);
+  try {
+    if (groupId_ == QLatin1String("C"))
+      b.Creer_Reservation();
+    else
+      createGroup(Nom);
+  } catch (const StorageError& e) {
+    // Nothing of it was kept: the dialog stays open with what was typed, and
+    // the board shows the file as it is.
+    b.Nom_L = Nom;
+    m.critical(QString::fromUtf8(e.what()));
+    if (ctx_.Dessiner_Ecran) ctx_.Dessiner_Ecran();
+    return;
+  }
 
   if (ctx_.Dessiner_Ecran) ctx_.Dessiner_Ecran();
   close();

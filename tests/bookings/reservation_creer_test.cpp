@@ -358,6 +358,30 @@ TEST_F(CreerTest, DatesOutOfOrderAndAnEmptyNameCreateNothing) {
   EXPECT_FALSE(p.closed);
 }
 
+TEST_F(CreerTest, AGroupTheStoreRefusesPartlyLeavesNothingBehind) {
+  // 25 characters fit the header; "_1" makes the first member too long.
+  const QString name = "Association des Amis du V";
+  ASSERT_EQ(name.size(), 25);
+  ReservationCreerPresenter& p = open("101", march(11));
+  p.Nom_Change(name);
+  p.NbRequested_Change("2");
+  p.Create_Click();
+
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().icon, MsgIcon::Critical);
+  EXPECT_TRUE(rows().isEmpty());
+  EXPECT_EQ(maxGroupNb(), 0);
+  EXPECT_FALSE(p.closed);
+  EXPECT_EQ(p.Nom, name);
+
+  // Shortened, the same dialog makes the group under the next number.
+  p.Nom_Change("Amis du V");
+  p.Create_Click();
+  EXPECT_EQ(rows(), (QStringList{"Amis du V/ /2025-03-11/2025-03-18/3/L/1", "Amis du V_1/101/2025-03-11/2025-03-18/0/C/1",
+                                 "Amis du V_2/102/2025-03-11/2025-03-18/0/C/1"}));
+  EXPECT_EQ(maxGroupNb(), 1);
+}
+
 TEST_F(CreerTest, LeavingAsksOnlyAfterAChange) {
   ReservationCreerPresenter& p = open("101", march(11));
   p.CdExit_Click();

@@ -18,6 +18,7 @@
 #include "booking_widgets.h"
 #include "bookings/reservation_creer.h"
 #include "core/texts.h"
+#include "customers/ui/remark_text.h"
 #include "trous_dialog.h"
 
 namespace ksv {
@@ -26,6 +27,9 @@ namespace {
 
 // The highest number of resources one request may ask for.
 constexpr int kMaxRequested = 999;
+// What the booking table holds of a name and an address.
+constexpr int kNomLength = 25;
+constexpr int kEmailLength = 40;
 
 QPushButton* button(const QString& caption, const QString& name, QWidget* parent) {
   auto* b = new QPushButton(caption, parent);
@@ -66,7 +70,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
 
   nom_ = new QLineEdit(p_.Nom, this);
   nom_->setObjectName(QStringLiteral("Nom"));
-  nom_->setMaxLength(50);
+  nom_->setMaxLength(kNomLength);
   p_.focusNom = [this] { nom_->setFocus(); };
   connect(nom_, &QLineEdit::textEdited, this, [this](const QString& text) {
     p_.Nom_Change(text);
@@ -120,7 +124,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
 
   email_ = new QLineEdit(this);
   email_->setObjectName(QStringLiteral("Email"));
-  email_->setMaxLength(50);
+  email_->setMaxLength(kEmailLength);
   connect(email_, &QLineEdit::textEdited, this, [this](const QString& text) {
     p_.Email_Change(text);
     sendEmail_->setEnabled(p_.sendEmailEnabled());
@@ -132,7 +136,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
   remarque_ = new QPlainTextEdit(this);
   remarque_->setObjectName(QStringLiteral("Remarque"));
   connect(remarque_, &QPlainTextEdit::textChanged, this, [this] {
-    if (!showing_) p_.Remarque_Change(remarque_->toPlainText());
+    if (!showing_) p_.Remarque_Change(remarkFromEdit(remarque_->toPlainText()));
   });
   bloc_ = new QCheckBox(options[2], this);
   bloc_->setObjectName(QStringLiteral("Bloc"));
@@ -210,7 +214,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
   nbRequested_->setValue(int(p_.NbRequested.toInt()));
   email_->setText(p_.Email);
   howMany_->setText(p_.HowMany);
-  remarque_->setPlainText(p_.Remarque);
+  remarque_->setPlainText(remarkForEdit(p_.Remarque));
   bloc_->setChecked(p_.Bloc);
   showing_ = false;
   showLists();
@@ -238,7 +242,7 @@ void ReservationCreerDialog::showFields() {
   nom_->setStyleSheet(colourStyle(p_.NomBack, p_.NomFore));
   if (nom_->text() != p_.Nom) nom_->setText(p_.Nom);
   if (email_->text() != p_.Email) email_->setText(p_.Email);
-  if (remarque_->toPlainText() != p_.Remarque) remarque_->setPlainText(p_.Remarque);
+  if (remarkFromEdit(remarque_->toPlainText()) != p_.Remarque) remarque_->setPlainText(remarkForEdit(p_.Remarque));
   calF_->SetDate(p_.CalF);
   calT_->SetDate(p_.CalT);
   nbJour_->setText(QString::number(p_.NB_Jour));
