@@ -21,6 +21,8 @@ AvailabilityBoard::AvailabilityBoard(const BoardFrame& frame, int twipsPerPixel,
     : QWidget(parent), frame_(frame), tpp_(twipsPerPixel > 0 ? twipsPerPixel : 15), border_(border) {
   setObjectName(kViewName);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // Presses go through to the board: its gestures stay as they are.
+  setAttribute(Qt::WA_TransparentForMouseEvents);
   placeOverGrid();
 }
 
