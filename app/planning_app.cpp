@@ -10,6 +10,9 @@
 #include "board/ui/board_widget.h"
 #include "board_gestures.h"
 #include "board_popups.h"
+#include "bookings/availability.h"
+#include "bookings/ui/availability_board.h"
+#include "bookings/ui/trous_dialog.h"
 #include "board/ui/ecran_dialog.h"
 #include "config/charger_param.h"
 #include "config/ini_file.h"
@@ -39,7 +42,8 @@ namespace ksv {
 namespace {
 
 void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& view, Messages& messages,
-               const Texts& texts, const Clock& clock, const Paths& paths) {
+               const Texts& texts, const Clock& clock, const Paths& paths, BoardWidget& board,
+               const LoadedOptions& options, const BoardDates& dates) {
   auto on = [&w](const char* entry, std::function<void()> f) { w.setHandler(QString::fromLatin1(entry), std::move(f)); };
   on("M_New", [&] { s.M_New(); });
   on("M_OPen", [&] { s.M_OPen(); });
@@ -75,6 +79,21 @@ void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& v
   on("M_CustomerList", [&w, customers] { showCustomerList(customers, kRQ_Customer, &w); });
   on("M_AgentList", [&w, customers] { showCustomerList(customers, kRQ_Agent, &w); });
   on("M_BlackList", [&w, customers] { showBlackList(customers, &w); });
+  on("M_Trous", [&] {
+    if (!s.IsOpen) return;
+    Availability availability(s.connection()->db(), clock);
+    M_Trous(availability, clock, messages, texts, options, dates.FirstDate, dates.LastDate, &w);
+  });
+  on("M_Availability", [&] {
+    if (!s.IsOpen) return;
+    // The rules are built over the planning open at each drawing, timer ticks included.
+    M_Availability_Click(w.menuModel(), board, [&s, &clock, &options](BoardWidget& b) {
+      if (!s.IsOpen) return;
+      Availability availability(s.connection()->db(), clock);
+      Draw_Available(b, availability, options);
+    });
+    w.applyMenus();
+  });
 }
 
 }  // namespace
@@ -159,7 +178,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   view.attach(&session);
   session.firstRun = started.firstRun;
   session.Install_Example = [&] { return Install_Example(paths, clock, messages, texts); };
-  wireMenus(window, session, ini, view, messages, texts, clock, paths);
+  wireMenus(window, session, ini, view, messages, texts, clock, paths, *board, options, dates);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);

@@ -1,0 +1,111 @@
+// The availability view laid over the board: what it paints where, and the
+// menu entry that switches between it and the bookings.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+
+#include "board/board_drawing.h"
+#include "board/screen_description.h"
+#include "board/ui/board_colors.h"
+#include "board/ui/board_widget.h"
+#include "bookings/ui/availability_board.h"
+#include "core/menu_model.h"
+#include "core/regional.h"
+#include "support/creer_session.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+class AvailabilityBoardTest : public ::testing::Test, public CreerSession {
+ protected:
+  AvailabilityBoardTest()
+      : frame_(makeFrame()),
+        regional_(Regional::englishUS()),
+        drawing_(BoardContext{frame_, options, messages, texts, planning.paths(), regional_,
+                              [] { return QDate(2025, 3, 10); }}) {
+    drawing_.setFirstDate(QDate(2025, 3, 1));
+  }
+  static BoardFrame makeFrame() {
+    ScreenDescription screen;
+    readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
+    BoardFrame frame;
+    frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "300", "4", "300", "1200", "200"});
+    return frame;
+  }
+  // The colour painted inside a cell, clear of its frame and its number.
+  static QColor inside(const QImage& image, const QWidget& view, const QRect& cell) {
+    return image.pixelColor(view.mapToParent(cell.topLeft()) + QPoint(3, 3));
+  }
+
+  BoardFrame frame_;
+  Regional regional_;
+  BoardDrawing drawing_;
+};
+
+TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
+  // Three counted rooms (the spare one is left out of the view), and a suite.
+  planning.addResource("101", 0, 1);
+  planning.addResource("102", 0, 2);
+  planning.addResource("103", 0, 3);
+  planning.addResource("Spare*", 0, 4);
+  planning.addResource("Suite", 1, 5);
+  planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
+  planning.addBooking("102", QDate(2025, 3, 10), QDate(2025, 3, 11), "Durand");
+  options.AvailableColor = true;
+  drawing_.setSession(&planning.objects());
+
+  BoardWidget board(drawing_, options, texts);
+  board.resize(1024, 600);
+  board.setDayRange(300, 9);
+  board.scrollTo(0, 9);
+  board.Dessiner_Ecran();
+  ASSERT_EQ(drawing_.LabCount, 2);
+
+  MenuModel menus = MenuModel::standard();
+  int draws = 0;
+  const auto drawAvailable = [&](BoardWidget& b) {
+    ++draws;
+    Availability rules(planning.db(), planning.clock());
+    Draw_Available(b, rules, options);
+  };
+  EXPECT_TRUE(M_Availability_Click(menus, board, drawAvailable));
+  EXPECT_TRUE(menus.find("M_Availability")->checked);
+  EXPECT_EQ(drawing_.LabCount, 0);
+
+  auto* view = board.findChild<AvailabilityBoard*>();
+  ASSERT_NE(view, nullptr);
+  ASSERT_FALSE(view->isHidden());
+  ASSERT_EQ(view->lines().size(), 2u);
+  // From today: one of three free, then two, then all three.
+  EXPECT_EQ(view->lines()[0].cells[0].free, 1);
+  EXPECT_EQ(view->lines()[0].cells[1].free, 2);
+  EXPECT_EQ(view->lines()[0].cells[2].free, 3);
+  EXPECT_EQ(int(view->lines()[0].cells.size()), frame_.DayNb());
+
+  const QImage image = board.grab().toImage();
+  EXPECT_EQ(inside(image, *view, view->headingRect(0)), bgrColor(int(options.CategoryBack[0])));
+  EXPECT_EQ(inside(image, *view, view->headingRect(1)), bgrColor(int(options.CategoryBack[1])));
+  EXPECT_EQ(inside(image, *view, view->cellRect(0, 0)), bgrColor(33023));
+  EXPECT_EQ(inside(image, *view, view->cellRect(0, 1)), bgrColor(65535));
+  EXPECT_EQ(inside(image, *view, view->cellRect(0, 2)), QColor(Qt::white));
+  // The heading stands where the resource names do, the days where the board's columns are.
+  EXPECT_EQ(view->mapToParent(view->cellRect(0, 0).topLeft()).x(), board.pixels(frame_.Jour(0)).left());
+
+  // While the view is on, a redraw of the board draws the counts again.
+  planning.addBooking("103", QDate(2025, 3, 10), QDate(2025, 3, 11), "Petit");
+  board.Redraw("DR");
+  EXPECT_EQ(draws, 2);
+  EXPECT_EQ(view->lines()[0].cells[0].free, 0);
+  EXPECT_EQ(drawing_.LabCount, 0);
+
+  EXPECT_FALSE(M_Availability_Click(menus, board, drawAvailable));
+  EXPECT_FALSE(menus.find("M_Availability")->checked);
+  EXPECT_TRUE(view->isHidden());
+  EXPECT_FALSE(drawing_.availabilityChecked);
+  EXPECT_EQ(drawing_.LabCount, 3);
+}
+
+}  // namespace

@@ -1,0 +1,153 @@
+// The new-booking window driven through its widgets on a real planning.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTimer>
+
+#include "board/ui/calendar_view.h"
+#include "bookings/reservation_creer.h"
+#include "bookings/ui/reservation_creer_dialog.h"
+#include "bookings/ui/trous_dialog.h"
+#include "support/creer_session.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+void typeInto(QWidget* w, const QString& text) {
+  for (const QChar c : text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(w, &press);
+  }
+}
+
+void press(QWidget* w, QPoint at) {
+  QMouseEvent down(QEvent::MouseButtonPress, QPointF(at), w->mapToGlobal(QPointF(at)), Qt::LeftButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(w, &down);
+  QMouseEvent up(QEvent::MouseButtonRelease, QPointF(at), w->mapToGlobal(QPointF(at)), Qt::LeftButton,
+                 Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(w, &up);
+}
+
+template <typename W>
+W* child(QWidget& parent, const char* name) {
+  W* w = parent.findChild<W*>(QString::fromLatin1(name));
+  EXPECT_NE(w, nullptr) << name;
+  return w;
+}
+
+class CreerDialogTest : public ::testing::Test, public CreerSession {
+ protected:
+  void SetUp() override {
+    planning.addResource("101", 0, 1);
+    planning.addResource("102", 0, 2);
+    planning.addResource("Suite", 1, 3);
+    openView();
+    records.Res_L = "102";
+    records.DD_L = QDate(2025, 3, 11);
+  }
+};
+
+TEST_F(CreerDialogTest, FilledThroughItsWidgetsCreateWritesTheRow) {
+  QString mailedTo;
+  ctx.windows.sendEmail = [&](const QString& email) { mailedTo = email; };
+  ReservationCreerPresenter p(ctx);
+  p.Form_Load();
+  ReservationCreerDialog dialog(p, texts);
+  dialog.show();
+
+  EXPECT_EQ(child<QLineEdit>(dialog, "NB_Jour")->text(), "7");
+  EXPECT_EQ(child<QLineEdit>(dialog, "NbAvailable")->text(), "2");
+  EXPECT_EQ(child<QComboBox>(dialog, "Category")->currentIndex(), 1);
+  EXPECT_EQ(child<QComboBox>(dialog, "Resource")->currentText(), "102");
+  EXPECT_FALSE(child<QPushButton>(dialog, "cmdSendEmail")->isEnabled());
+
+  typeInto(child<QLineEdit>(dialog, "Nom"), "Martin");
+  child<QPushButton>(dialog, "Def_Cl2")->click();
+  typeInto(child<QLineEdit>(dialog, "Email"), "m@example.org");
+  child<QPushButton>(dialog, "cmdSendEmail")->click();
+  EXPECT_EQ(mailedTo, "m@example.org");
+  // The leaving day picked on the "To" calendar.
+  auto* calT = child<CalendarView>(dialog, "CalT");
+  press(calT, calT->dayCentre(QDate(2025, 3, 14)));
+  EXPECT_EQ(child<QLineEdit>(dialog, "NB_Jour")->text(), "3");
+  // The suite, from "All categories".
+  child<QComboBox>(dialog, "Category")->activated(0);
+  child<QComboBox>(dialog, "Resource")->activated(2);
+  child<QPushButton>(dialog, "Create")->click();
+
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(rows(), QStringList{"Martin/Suite/2025-03-11/2025-03-14/0/C/0"});
+  EXPECT_EQ(lastRow("Couleur"), "2");
+  EXPECT_EQ(lastRow("Email"), "m@example.org");
+  EXPECT_EQ(redraws, 1);
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(CreerDialogTest, TwoRequestedMakeAGroupAndTheTitleBarAsksBeforeLeaving) {
+  ReservationCreerPresenter p(ctx);
+  p.Form_Load();
+  ReservationCreerDialog dialog(p, texts);
+  dialog.show();
+  typeInto(child<QLineEdit>(dialog, "Nom"), "Choir");
+  child<QSpinBox>(dialog, "NbRequested")->stepUp();
+  EXPECT_EQ(p.GroupId_L(), "L");
+
+  // Closing with the title bar is Exit: Cancel keeps the window.
+  messages.answer(MsgAnswer::Cancel);
+  dialog.close();
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(messages.last().text, "Do you want to create the booking before leaving  ?");
+
+  messages.answer(MsgAnswer::Yes);
+  dialog.close();
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(rows(), (QStringList{"Choir/ /2025-03-11/2025-03-18/3/L/1", "Choir_1/101/2025-03-11/2025-03-18/0/C/1",
+                                 "Choir_2/102/2025-03-11/2025-03-18/0/C/1"}));
+}
+
+TEST_F(CreerDialogTest, TheEntryPointIsModalAndTheHolesWindowHandsBackAResource) {
+  planning.addBooking("101", QDate(2025, 3, 5), QDate(2025, 3, 9), "Before");
+  bool ranInside = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    ranInside = true;
+    // The holes window opens over the booking, its own line highlighted and selected.
+    QTimer::singleShot(0, [&] {
+      auto* trous = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(trous, nullptr);
+      auto* grid = child<QTableWidget>(*trous, "LesTrous");
+      ASSERT_EQ(grid->rowCount(), 2);
+      EXPECT_EQ(grid->item(0, 0)->text(), "101");
+      EXPECT_EQ(grid->item(0, 1)->text(), "2");
+      EXPECT_EQ(grid->item(0, 2)->text(), "30 +");
+      EXPECT_EQ(grid->item(1, 0)->text(), "102");
+      EXPECT_EQ(grid->currentRow(), 1);
+      EXPECT_EQ(grid->item(1, 0)->background().color(), QColor(0xC0, 0xC0, 0xFF));
+      grid->selectRow(0);
+      messages.answer(MsgAnswer::Yes);
+      child<QPushButton>(*trous, "OK")->click();
+    });
+    child<QPushButton>(*dialog, "Holes")->click();
+    EXPECT_EQ(child<QComboBox>(*dialog, "Resource")->currentText(), "101");
+    typeInto(child<QLineEdit>(*dialog, "Nom"), "Holmes");
+    child<QPushButton>(*dialog, "Create")->click();
+  });
+  showReservationCreer(ctx, nullptr);
+  EXPECT_TRUE(ranInside);
+  EXPECT_EQ(messages.texts(), QStringList{"Do you want the resource 101 to become the booking resource ?"});
+  EXPECT_EQ(rows().value(1), "Holmes/101/2025-03-11/2025-03-18/0/C/0");
+  EXPECT_FALSE(ctx.windows.Trous);
+}
+
+}  // namespace
