@@ -8,6 +8,7 @@
 #include "board/screen_description.h"
 #include "board/ui/board_widget.h"
 #include "board_popups.h"
+#include "manual_panels.h"
 #include "board/ui/ecran_dialog.h"
 #include "config/charger_param.h"
 #include "config/ini_file.h"
@@ -160,6 +161,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   wireMenus(window, session, ini, view, messages, texts, clock, paths);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
+  wireManualControl(window, *board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);
   session.Show_Title();
   session.showEmptyBoard();
