@@ -287,8 +287,10 @@ TEST_F(ReservationGrpTest, ModifyingMovesTheMembersButNotAPartOverItsCut) {
   const qint64 part2 = booking("103", jul(6), jul(12), "Colin", {{"GroupNb", 5}, {"Split", "2"}});
   const qint64 partA = booking("101", jul(12), jul(14), "Dupont", {{"GroupNb", 5}, {"Split", "1"}});
   const qint64 partB = booking("101", jul(14), jul(20), "Dupont", {{"GroupNb", 5}, {"Split", "2"}});
+  const qint64 ernst = booking("103", jul(3), jul(5), "Ernst", {{"GroupNb", 5}, {"Split", "1"}});
+  booking("103", jul(5), jul(12), "Ernst", {{"GroupNb", 5}, {"Split", "2"}});
   ReservationGrpPresenter& g = open(whole);
-  g.CalF_DateClicked(jul(7));   // past Colin's cut
+  g.CalF_DateClicked(jul(7));   // past Colin's and Ernst's cuts
   g.CalT_DateClicked(jul(16));  // Dupont's second part starts before it
   g.Def_Cl_Click(3);
   g.Bloc = true;
@@ -297,13 +299,15 @@ TEST_F(ReservationGrpTest, ModifyingMovesTheMembersButNotAPartOverItsCut) {
 
   messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(g.ModifyGroup_Click());
-  ASSERT_EQ(messages.shown().size(), 2u);
+  ASSERT_EQ(messages.shown().size(), 3u);
   EXPECT_EQ(messages.shown()[0].text,
             "The dates of this group don't correspond to the one of some bookings.\r\n"
             "Do you want to update the dates of the bookings?");
   EXPECT_EQ(messages.shown()[0].preselected, MsgAnswer::No);
-  // Only Colin's first part cannot follow: one message for it.
+  // The first parts of Colin and Ernst cannot follow: one message for each.
   EXPECT_EQ(messages.shown()[1].text, "The dates of some splited bookings cannot be changed.");
+  EXPECT_EQ(messages.shown()[2].text, "The dates of some splited bookings cannot be changed.");
+  EXPECT_EQ(stored(ernst, "Date_Deb"), "2024-07-03");
 
   EXPECT_EQ(stored(whole, "Date_Deb"), "2024-07-07");
   EXPECT_EQ(stored(whole, "Date_Fin"), "2024-07-16");
