@@ -13,6 +13,7 @@
 #include "bookings/availability.h"
 #include "bookings/ui/availability_board.h"
 #include "bookings/ui/trous_dialog.h"
+#include "manual_panels.h"
 #include "board/ui/ecran_dialog.h"
 #include "config/charger_param.h"
 #include "config/ini_file.h"
@@ -181,6 +182,7 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   wireMenus(window, session, ini, view, messages, texts, clock, paths, *board, options, dates);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
+  wireManualControl(window, *board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);
   // Presses on labels and empty cells, the drag and the keyboard. The booking
   // dialogs are filled in here as they come.

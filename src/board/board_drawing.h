@@ -54,6 +54,14 @@ struct BoardLabel {
   int z = 0;         // higher is in front
 };
 
+// The marker the manual control panels walk over resource cells and labels;
+// painted in front of everything.
+struct BoardMarker {
+  bool visible = false;
+  TwipRect rect;
+  QString caption;
+};
+
 // The surroundings a drawing reads; all must outlive the drawing.
 struct BoardContext {
   const BoardFrame& frame;
@@ -93,6 +101,7 @@ class BoardDrawing {
   std::array<BoardBand, 3> Period;
   std::vector<BoardBand> WkEnd;
   std::vector<BoardLabel> Lab;  // LabCount of them are in use
+  BoardMarker Repere;
 
   // The rows behind the labels, in label order: the view of the gestures.
   Recordset view;

@@ -288,6 +288,14 @@ void BoardWidget::paintEvent(QPaintEvent*) {
     p.setPen(QPen(Qt::red, 1));
     p.drawLine(toPixels(TwipLine{f.GridLeft(), y, f.GridLeft() + f.PasH() * f.DayNb(), y}, tpp_));
   }
+  // The manual control's marker, in front of everything.
+  if (d.Repere.visible) {
+    const QRect px = pixels(d.Repere.rect);
+    p.fillRect(px, Qt::black);
+    p.setPen(Qt::yellow);
+    p.drawRect(px.adjusted(0, 0, -1, -1));
+    p.drawText(px.adjusted(2, 0, -2, 0), Qt::AlignVCenter | Qt::AlignLeft, d.Repere.caption);
+  }
   paintGestures(p);
 }
 

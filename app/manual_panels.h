@@ -1,0 +1,21 @@
+#pragma once
+// The manual control menu entries (M_MnlResource, M_MnlBooking), shown only
+// with the option Manual, each opening its modeless panel over the board.
+
+#include <functional>
+
+namespace ksv {
+
+class BoardWidget;
+class MainWindow;
+class Messages;
+class PlanningSession;
+class Texts;
+struct LoadedOptions;
+
+// NewB: ReservationCreer on the first resource on screen; left empty (its
+// button disabled) until the creation dialog is reachable from here.
+void wireManualControl(MainWindow& window, BoardWidget& board, PlanningSession& session, const LoadedOptions& options,
+                       Messages& messages, const Texts& texts, std::function<void()> NewB = {});
+
+}  // namespace ksv

@@ -1,0 +1,407 @@
+// The group dialog over a real planning: making and leaving a group, its
+// members and candidates, writing, dissolving and deleting it.
+#include "group_planning.h"
+
+using namespace ksv;
+using namespace ksv::test;
+
+namespace {
+
+TEST_F(ReservationGrpTest, ANewGroupIsMadeAroundTheClickedBookingWithTheNextNumber) {
+  setMaxGroupNb(6);
+  const qint64 id = booking("101", jul(5), jul(9), "Durand", {{"Couleur", 2}, {"InvNb", 41}, {"HowMany", 3}});
+  ReservationGrpPresenter& g = open(id);
+
+  EXPECT_EQ(maxGroupNb(), 7);
+  EXPECT_EQ(stored(id, "GroupNb"), "7");
+  EXPECT_TRUE(g.groupNew());
+  const qint64 head = plan.db().scalar("SELECT rowid FROM Reservation WHERE GroupId = 'L'").toLongLong();
+  EXPECT_EQ(stored(head, "Split"), "3");
+  EXPECT_EQ(stored(head, "Resource"), " ");
+  EXPECT_EQ(stored(head, "Nom"), "Durand");
+  EXPECT_EQ(stored(head, "Date_Deb"), "2024-07-05");
+  EXPECT_EQ(stored(head, "Date_Fin"), "2024-07-09");
+  EXPECT_EQ(stored(head, "Couleur"), "2");
+  EXPECT_EQ(stored(head, "GroupNb"), "7");
+  // The member's invoice stays its own.
+  EXPECT_EQ(stored(head, "InvNb"), "<null>");
+  EXPECT_EQ(stored(id, "InvNb"), "41");
+  // The buffer still holds the clicked booking.
+  EXPECT_EQ(records.Split_L, "0");
+  EXPECT_EQ(records.Res_L, "101");
+  EXPECT_EQ(records.GroupNb_L, 7);
+
+  EXPECT_EQ(g.Nom, "Durand");
+  EXPECT_EQ(g.HowMany, 3);
+  EXPECT_EQ(g.CalF, jul(5));
+  EXPECT_EQ(g.CalT, jul(9));
+  EXPECT_EQ(g.NB_Jour, 4);
+  EXPECT_EQ(g.Customer, QStringList{"Durand"});
+  EXPECT_EQ(g.NbRequested, 1);
+  EXPECT_EQ(g.Resource, "101");
+  EXPECT_EQ(g.resourceBack, 11u);
+  EXPECT_EQ(g.Days, 4);
+  EXPECT_FALSE(g.hasPart2);
+  EXPECT_TRUE(messages.shown().empty());
+}
+
+TEST_F(ReservationGrpTest, LeavingANewGroupAtOnceAsksAndNoTakesItAway) {
+  const qint64 id = booking("101", jul(5), jul(9), "Durand", {{"InvNb", 41}});
+  ReservationGrpPresenter& g = open(id);
+  ASSERT_EQ(headers(), 1);
+
+  messages.answer(MsgAnswer::Cancel);
+  EXPECT_FALSE(g.CmdExit_Click());
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text, "A group has been created,\r\n\r\nDo you want to keep it ?");
+  EXPECT_EQ(messages.last().buttons, MsgButtons::YesNoCancel);
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::Cancel);
+  EXPECT_EQ(closes, 0);
+  EXPECT_EQ(headers(), 1);
+
+  messages.answer(MsgAnswer::No);
+  EXPECT_TRUE(g.CmdExit_Click());
+  EXPECT_EQ(headers(), 0);
+  EXPECT_EQ(stored(id, "GroupNb"), "0");
+  EXPECT_TRUE(invoice.deleted.isEmpty()) << "the booking's invoice is not the group's";
+  EXPECT_EQ(stored(id, "InvNb"), "41");
+  EXPECT_EQ(closes, 1);
+  EXPECT_EQ(redraws, 1);
+  EXPECT_TRUE(messages.allAnswersUsed());
+
+  // The number given away is not given again.
+  grp.reset();
+  open(id);
+  EXPECT_EQ(maxGroupNb(), 2);
+  EXPECT_EQ(stored(id, "GroupNb"), "2");
+}
+
+TEST_F(ReservationGrpTest, AfterAddingACandidateTheNewGroupStaysWithoutQuestion) {
+  const qint64 id = booking("101", jul(5), jul(9), "Durand");
+  const qint64 other = booking("102", jul(6), jul(8), "Petit");
+  ReservationGrpPresenter& g = open(id);
+  ASSERT_EQ(g.cboPossible.size(), 1);
+  g.cmdAdd_Click();
+  EXPECT_EQ(stored(other, "GroupNb"), "1");
+  EXPECT_EQ(g.Customer, (QStringList{"Durand", "Petit"}));
+  EXPECT_EQ(g.NbRequested, 2);
+  EXPECT_TRUE(g.cboPossible.isEmpty());
+  EXPECT_EQ(g.possibleIndex, -1);
+
+  EXPECT_TRUE(g.CmdExit_Click());
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(headers(), 1);
+  EXPECT_EQ(stored(id, "GroupNb"), "1");
+}
+
+TEST_F(ReservationGrpTest, CandidatesLieWhollyWithinThePeriodAndLineUp) {
+  const qint64 id = booking("101", jul(5), jul(9), "Durand");
+  booking("102", jul(4), jul(7), "Early");         // one day before the group
+  booking("103", jul(7), jul(10), "Late");         // leaves after it
+  booking("102", jul(7), jul(9), "Moreau-Lefebvre"); // within
+  booking("103", jul(5), jul(6), "Abel");          // within, first by name
+  booking("103", jul(6), jul(7), "Grouped", {{"GroupNb", 9}});
+  ReservationGrpPresenter& g = open(id);
+  ASSERT_EQ(g.cboPossible.size(), 2);
+  EXPECT_EQ(g.cboPossible[0], "Abel                     103         7/5/2024 - 7/6/2024");
+  EXPECT_EQ(g.cboPossible[1], "Moreau-Lefebvre          102         7/7/2024 - 7/9/2024");
+  EXPECT_EQ(g.possibleIndex, 0);
+
+  // Moving the period's start one day back brings the early one in.
+  g.CalF_DateClicked(jul(4));
+  EXPECT_TRUE(g.changed());
+  EXPECT_EQ(g.NB_Jour, 5);
+  EXPECT_EQ(g.cboPossible.size(), 3);
+  EXPECT_TRUE(g.cboPossible[1].startsWith("Early"));
+}
+
+TEST_F(ReservationGrpTest, AHeaderThatIsGoneIsWrittenAgainFromTheClickedMember) {
+  setMaxGroupNb(4);
+  const qint64 id = booking("101", jul(5), jul(9), "Durand", {{"GroupNb", 3}, {"Couleur", 4}});
+  ReservationGrpPresenter& g = open(id);
+  EXPECT_FALSE(g.groupNew());
+  EXPECT_EQ(maxGroupNb(), 4);
+  ASSERT_EQ(headers(), 1);
+  const qint64 head = plan.db().scalar("SELECT rowid FROM Reservation WHERE GroupId = 'L'").toLongLong();
+  EXPECT_EQ(stored(head, "GroupNb"), "3");
+  EXPECT_EQ(stored(head, "Nom"), "Durand");
+  EXPECT_EQ(stored(head, "Couleur"), "4");
+  EXPECT_EQ(g.Customer, QStringList{"Durand"});
+  // Not new: leaving asks nothing and keeps it.
+  EXPECT_TRUE(g.CmdExit_Click());
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(headers(), 1);
+}
+
+TEST_F(ReservationGrpTest, AnExistingGroupOpensOnItsHeaderWithSplitMembersOnOneLine) {
+  header(5, jul(3), jul(12), "Agence Sud", {{"GroupId", "A"}, {"Email", "sud@example.org"}, {"InvNb", -3}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  const qint64 part1 = booking("102", jul(3), jul(6), "Colin", {{"GroupNb", 5}, {"Split", "1"}});
+  booking("103", jul(6), jul(12), "Colin", {{"GroupNb", 5}, {"Split", "2"}});
+  ReservationGrpPresenter& g = open(part1);
+  EXPECT_EQ(g.Nom, "Agence Sud");
+  EXPECT_TRUE(g.optAgent);
+  EXPECT_EQ(g.InvNb, "-3");
+  EXPECT_EQ(g.Email, "sud@example.org");
+  EXPECT_EQ(g.CalF, jul(3));
+  EXPECT_EQ(g.CalT, jul(12));
+  EXPECT_EQ(g.Customer, (QStringList{"Bernard", "Colin"}));
+  EXPECT_EQ(g.NbRequested, 2);
+  EXPECT_EQ(g.customerIndex, 0);
+  EXPECT_FALSE(g.hasPart2);
+  EXPECT_EQ(g.resourceSBack, kWhite);
+
+  g.Customer_Click(1);
+  EXPECT_EQ(g.Resource, "102");
+  EXPECT_EQ(g.resourceBack, 12u);
+  EXPECT_EQ(g.DtFrom, jul(3));
+  EXPECT_EQ(g.DtTo, jul(6));
+  ASSERT_TRUE(g.hasPart2);
+  EXPECT_EQ(g.ResourceS, "103");
+  EXPECT_EQ(g.DtFromS, jul(6));
+  EXPECT_EQ(g.DtToS, jul(12));
+  EXPECT_EQ(g.DaysS, 6);
+  EXPECT_EQ(g.resourceSBack, 10u);
+
+  // The choice of kind is written at once.
+  g.optCustomer_Click();
+  EXPECT_EQ(plan.db().scalar("SELECT GroupId FROM Reservation WHERE Split = '3'").toString(), "L");
+  EXPECT_FALSE(g.changed());
+  (void)whole;
+}
+
+TEST_F(ReservationGrpTest, RenamingAMemberRenamesBothPartsAndRemovingTakesBothOut) {
+  header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 part1 = booking("102", jul(3), jul(6), "Colin", {{"GroupNb", 5}, {"Split", "1"}});
+  const qint64 part2 = booking("103", jul(6), jul(12), "Colin", {{"GroupNb", 5}, {"Split", "2"}});
+  ReservationGrpPresenter& g = open(part1);
+  g.Customer_Click(0);
+  g.Customer_Change("Colin-Maillard");
+  g.Customer_LostFocus();
+  EXPECT_EQ(stored(part1, "Nom"), "Colin-Maillard");
+  EXPECT_EQ(stored(part2, "Nom"), "Colin-Maillard");
+  EXPECT_EQ(g.Customer, QStringList{"Colin-Maillard"});
+
+  g.Remark = "Cot\r\nLate";
+  g.Remark_LostFocus();
+  EXPECT_EQ(stored(part1, "Remarque"), "Cot\r\nLate");
+  EXPECT_EQ(stored(part2, "Remarque"), "Cot\r\nLate");
+
+  g.cmdRemove_Click();
+  EXPECT_EQ(stored(part1, "GroupNb"), "0");
+  EXPECT_EQ(stored(part2, "GroupNb"), "0");
+  EXPECT_TRUE(g.Customer.isEmpty());
+  EXPECT_EQ(g.NbRequested, 0);
+  // Both parts are candidates again.
+  EXPECT_EQ(g.cboPossible.size(), 2);
+}
+
+TEST_F(ReservationGrpTest, AddingASplitPartBringsItsPartnerOrWarns) {
+  const qint64 id = booking("101", jul(5), jul(12), "Durand");
+  const qint64 part1 = booking("102", jul(5), jul(7), "Colin", {{"Split", "1"}, {"Couleur", 3}});
+  const qint64 part2 = booking("103", jul(7), jul(10), "Colin", {{"Split", "2"}, {"Couleur", 3}});
+  const qint64 lost = booking("103", jul(10), jul(12), "Zoe", {{"Split", "2"}});
+  ReservationGrpPresenter& g = open(id);
+  ASSERT_EQ(g.cboPossible.size(), 3);  // Colin, Colin, Zoe
+  g.possibleIndex = 0;
+  g.cmdAdd_Click();
+  EXPECT_EQ(stored(part1, "GroupNb"), "1");
+  EXPECT_EQ(stored(part2, "GroupNb"), "1");
+  EXPECT_TRUE(messages.shown().empty());
+
+  ASSERT_EQ(g.cboPossible.size(), 1);
+  g.cmdAdd_Click();
+  EXPECT_EQ(stored(lost, "GroupNb"), "1");
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text, "The other split part cannot be found\r\nWe are going to forget it");
+}
+
+TEST_F(ReservationGrpTest, ANewGroupOnASplitPartNumbersItsPartnerToo) {
+  const qint64 part1 = booking("102", jul(5), jul(7), "Colin", {{"Split", "1"}});
+  const qint64 part2 = booking("103", jul(7), jul(10), "Colin", {{"Split", "2"}});
+  open(part2);
+  EXPECT_EQ(stored(part1, "GroupNb"), "1");
+  EXPECT_EQ(stored(part2, "GroupNb"), "1");
+  EXPECT_TRUE(messages.shown().empty());
+}
+
+TEST_F(ReservationGrpTest, DeletingAGroupTakesEveryRowAndOneInvoicePerMember) {
+  const qint64 head = header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -1}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}, {"InvNb", -2}});
+  const qint64 part1 = booking("102", jul(3), jul(6), "Colin", {{"GroupNb", 5}, {"Split", "1"}, {"InvNb", 8}});
+  const qint64 part2 = booking("103", jul(6), jul(12), "Colin", {{"GroupNb", 5}, {"Split", "2"}, {"InvNb", 8}});
+  const qint64 outside = booking("103", jul(3), jul(5), "Other");
+  ReservationGrpPresenter& g = open(whole);
+
+  messages.answer(MsgAnswer::No);
+  EXPECT_FALSE(g.DeleteGroup_Click());
+  EXPECT_EQ(messages.last().text, "Do you really want to delete this group of bookings ?");
+  EXPECT_EQ(messages.last().icon, MsgIcon::Critical);
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  EXPECT_TRUE(exists(head));
+  EXPECT_TRUE(invoice.deleted.isEmpty());
+
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.DeleteGroup_Click());
+  for (qint64 id : {head, whole, part1, part2}) EXPECT_FALSE(exists(id)) << id;
+  EXPECT_TRUE(exists(outside));
+  EXPECT_EQ(invoice.deleted, (QStringList{"-1", "-2", "8"}));
+  EXPECT_EQ(redraws, 1);
+  EXPECT_EQ(closes, 1);
+}
+
+TEST_F(ReservationGrpTest, WithoutInvoicingNothingIsAskedOfIt) {
+  withInvoice = false;
+  header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -1}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}, {"InvNb", -2}});
+  ReservationGrpPresenter& g = open(whole);
+  EXPECT_FALSE(g.invoiceEnabled());
+  g.CdInvoice_Click();  // nothing to hand over to
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.DeleteGroup_Click());
+  EXPECT_FALSE(exists(whole));
+}
+
+TEST_F(ReservationGrpTest, SplittingAGroupDeletesTheHeadersInvoiceOnly) {
+  const qint64 head = header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -1}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}, {"InvNb", -2}});
+  const qint64 part1 = booking("102", jul(3), jul(6), "Colin", {{"GroupNb", 5}, {"Split", "1"}, {"InvNb", 8}});
+  ReservationGrpPresenter& g = open(whole);
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.SplitGroup_Click());
+  EXPECT_EQ(messages.last().text, "Do you really want to split this group of bookings ?");
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  EXPECT_FALSE(exists(head));
+  EXPECT_EQ(invoice.deleted, QStringList{"-1"});
+  EXPECT_EQ(stored(whole, "GroupNb"), "0");
+  EXPECT_EQ(stored(part1, "GroupNb"), "0");
+  EXPECT_EQ(stored(whole, "InvNb"), "-2");
+  EXPECT_EQ(stored(part1, "InvNb"), "8");
+  EXPECT_EQ(closes, 1);
+}
+
+TEST_F(ReservationGrpTest, ModifyingMovesTheMembersButNotAPartOverItsCut) {
+  const qint64 head = header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  const qint64 part1 = booking("102", jul(3), jul(6), "Colin", {{"GroupNb", 5}, {"Split", "1"}});
+  const qint64 part2 = booking("103", jul(6), jul(12), "Colin", {{"GroupNb", 5}, {"Split", "2"}});
+  const qint64 partA = booking("101", jul(12), jul(14), "Dupont", {{"GroupNb", 5}, {"Split", "1"}});
+  const qint64 partB = booking("101", jul(14), jul(20), "Dupont", {{"GroupNb", 5}, {"Split", "2"}});
+  const qint64 ernst = booking("103", jul(3), jul(5), "Ernst", {{"GroupNb", 5}, {"Split", "1"}});
+  booking("103", jul(5), jul(12), "Ernst", {{"GroupNb", 5}, {"Split", "2"}});
+  ReservationGrpPresenter& g = open(whole);
+  g.CalF_DateClicked(jul(7));   // past Colin's and Ernst's cuts
+  g.CalT_DateClicked(jul(16));  // Dupont's second part starts before it
+  g.Def_Cl_Click(3);
+  g.Bloc = true;
+  g.Nom = "Agence Nord";
+  g.Remarque = "Coach";
+
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.ModifyGroup_Click());
+  ASSERT_EQ(messages.shown().size(), 3u);
+  EXPECT_EQ(messages.shown()[0].text,
+            "The dates of this group don't correspond to the one of some bookings.\r\n"
+            "Do you want to update the dates of the bookings?");
+  EXPECT_EQ(messages.shown()[0].preselected, MsgAnswer::No);
+  // The first parts of Colin and Ernst cannot follow: one message for each.
+  EXPECT_EQ(messages.shown()[1].text, "The dates of some splited bookings cannot be changed.");
+  EXPECT_EQ(messages.shown()[2].text, "The dates of some splited bookings cannot be changed.");
+  EXPECT_EQ(stored(ernst, "Date_Deb"), "2024-07-03");
+
+  EXPECT_EQ(stored(whole, "Date_Deb"), "2024-07-07");
+  EXPECT_EQ(stored(whole, "Date_Fin"), "2024-07-16");
+  EXPECT_EQ(stored(part1, "Date_Deb"), "2024-07-03");  // kept
+  EXPECT_EQ(stored(part2, "Date_Fin"), "2024-07-16");
+  EXPECT_EQ(stored(partA, "Date_Deb"), "2024-07-07");
+  EXPECT_EQ(stored(partB, "Date_Fin"), "2024-07-16");
+  for (qint64 id : {whole, part1, part2, partA, partB}) {
+    EXPECT_EQ(stored(id, "Couleur"), "3") << id;
+    EXPECT_EQ(stored(id, "Blocage"), "1") << id;
+  }
+  EXPECT_EQ(stored(head, "Nom"), "Agence Nord");
+  EXPECT_EQ(stored(head, "Remarque"), "Coach");
+  EXPECT_EQ(stored(head, "Couleur"), "3");
+  // The header keeps the dates it was made with.
+  EXPECT_EQ(stored(head, "Date_Deb"), "2024-07-03");
+  EXPECT_EQ(stored(head, "Date_Fin"), "2024-07-12");
+  EXPECT_EQ(closes, 1);
+}
+
+TEST_F(ReservationGrpTest, NoKeepsTheMembersDatesButStillTheirStateAndLock) {
+  header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+  g.CalT_DateClicked(jul(10));
+  g.Def_Cl_Click(5);
+  messages.answer(MsgAnswer::No);
+  EXPECT_TRUE(g.ModifyGroup_Click());
+  EXPECT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(stored(whole, "Date_Fin"), "2024-07-12");
+  EXPECT_EQ(stored(whole, "Couleur"), "5");
+}
+
+TEST_F(ReservationGrpTest, ModifyRefusesAnEmptyPeriodOrName) {
+  header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+  int focused = 0;
+  g.focusNom = [&] { ++focused; };
+  g.Nom = "";
+  EXPECT_FALSE(g.ModifyGroup_Click());
+  EXPECT_EQ(messages.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(focused, 1);
+  g.Nom = "Sud";
+  g.CalT_DateClicked(jul(3));
+  EXPECT_FALSE(g.ModifyGroup_Click());
+  EXPECT_EQ(messages.last().text, "The date [From] must be smaller than the date [To]");
+  EXPECT_EQ(messages.last().icon, MsgIcon::Information);
+  EXPECT_EQ(stored(whole, "Date_Fin"), "2024-07-12");
+  EXPECT_EQ(closes, 0);
+}
+
+TEST_F(ReservationGrpTest, LeavingWithChangesAsksToModifyFirst) {
+  header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+  g.Nom = "Agence Est";
+  g.Header_Change();
+  messages.answer(MsgAnswer::Cancel);
+  EXPECT_FALSE(g.CmdExit_Click());
+  EXPECT_EQ(messages.last().text, "Do you want to modify the group before leaving  ?");
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::Cancel);
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.CmdExit_Click());
+  EXPECT_EQ(plan.db().scalar("SELECT Nom FROM Reservation WHERE Split = '3'").toString(), "Agence Est");
+  EXPECT_EQ(closes, 1);
+  EXPECT_EQ(redraws, 1);
+}
+
+TEST_F(ReservationGrpTest, TheInvoiceReceivesTheGroupPeriodAndNumber) {
+  options.BookingBack[2] = 77;
+  header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -4}, {"Couleur", 2}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+  g.CalT_DateClicked(jul(11));
+  g.CdInvoice_Click();
+  ASSERT_EQ(invoice.shown.size(), 1u);
+  const InvoiceHandOver& h = invoice.shown[0];
+  EXPECT_EQ(h.Nom, "Agence Sud");
+  EXPECT_EQ(h.back, 77u);
+  EXPECT_EQ(h.InvNb, "-4");
+  EXPECT_EQ(h.GrpDtFrom, jul(3));
+  EXPECT_EQ(h.GrpDtTo, jul(11));
+  EXPECT_EQ(h.GroupNb, 5);
+}
+
+TEST_F(ReservationGrpTest, CalendarsAreBoundByTheBoardAndAnOlderGroup) {
+  header(5, QDate(2024, 6, 28), jul(4), "Agence Sud");
+  const qint64 whole = booking("101", QDate(2024, 6, 28), jul(4), "Bernard", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+  EXPECT_EQ(g.CalFLowest, QDate(2024, 6, 28));
+  EXPECT_EQ(g.CalTLowest, QDate(2024, 6, 29));
+  EXPECT_EQ(g.CalFHighest, jul(30));
+  EXPECT_EQ(g.CalTHighest, jul(31));
+}
+
+}  // namespace
