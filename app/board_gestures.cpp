@@ -8,6 +8,7 @@
 #include "bookings/availability.h"
 #include "bookings/booking_context.h"
 #include "bookings/booking_records.h"
+#include "bookings/ui/trous_dialog.h"
 #include "customers/ui/customer_menus.h"
 #include "qt_session_view.h"
 #include "storage/planning_session.h"
@@ -43,6 +44,9 @@ struct GestureBooking {
     w.M_BlackList = [customers, parent] { showBlackList(customers, parent); };
     w.BlackList_Add_Commun = [customers](const QString& N_Add_BL, const QString& R_Add_BL) {
       addToBlackList(customers, N_Add_BL, R_Add_BL);
+    };
+    w.Trous = [&options = c.options, &texts = c.texts, parent](TrousSearch& trous) {
+      return showTrous(trous, options, texts, parent);
     };
   }
   Availability availability;

@@ -38,7 +38,8 @@ void runResourceCommand(BoardWidget& board, PlanningSession& session, const Load
 }  // namespace
 
 void wireManualControl(MainWindow& window, BoardWidget& board, PlanningSession& session, const LoadedOptions& options,
-                       Messages& messages, const Texts& texts, std::function<void()> NewB) {
+                       Messages& messages, const Texts& texts, std::function<void()> NewB,
+                       std::function<void(int label)> OpenB) {
   window.menuModel().setVisible(QStringLiteral("M_MnlResource"), options.Manual);
   window.menuModel().setVisible(QStringLiteral("M_MnlBooking"), options.Manual);
   window.applyMenus();
@@ -62,19 +63,17 @@ void wireManualControl(MainWindow& window, BoardWidget& board, PlanningSession& 
   });
 
   auto bookings = std::make_shared<QPointer<ManualControlPanel>>();
-  window.setHandler(QStringLiteral("M_MnlBooking"), [&, bookings, NewB] {
+  window.setHandler(QStringLiteral("M_MnlBooking"), [&, bookings, NewB, OpenB] {
     if (*bookings) {
       (*bookings)->raise();
       return;
     }
     BookingControlHooks hooks;
     hooks.NewB = NewB;
-    // The marked booking opens as a right press on its label does.
-    hooks.OpenB = [&board](int label) {
-      if (label < 0 || label >= board.drawing().LabCount) return;
-      const QRect px = board.pixels(board.drawing().Lab[std::size_t(label)].rect);
-      emit board.labelPressed(label, Qt::RightButton, board.mapToGlobal(px.center()));
-    };
+    if (OpenB)
+      hooks.OpenB = [&board, OpenB](int label) {
+        if (label >= 0 && label < board.drawing().LabCount) OpenB(label);
+      };
     *bookings = ManualControlPanel::BookingControl(board, texts, hooks, &window);
     (*bookings)->show();
   });

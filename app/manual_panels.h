@@ -13,9 +13,10 @@ class PlanningSession;
 class Texts;
 struct LoadedOptions;
 
-// NewB: ReservationCreer on the first resource on screen; left empty (its
-// button disabled) until the creation dialog is reachable from here.
+// NewB: ReservationCreer on the first resource on screen; OpenB: the marked
+// label opened as by a right press. An empty hook leaves its button disabled.
 void wireManualControl(MainWindow& window, BoardWidget& board, PlanningSession& session, const LoadedOptions& options,
-                       Messages& messages, const Texts& texts, std::function<void()> NewB = {});
+                       Messages& messages, const Texts& texts, std::function<void()> NewB = {},
+                       std::function<void(int label)> OpenB = {});
 
 }  // namespace ksv

@@ -12,6 +12,10 @@
 #include "board_popups.h"
 #include "bookings/availability.h"
 #include "bookings/ui/availability_board.h"
+#include "bookings/ui/reservation_creer_dialog.h"
+#include "bookings/ui/reservation_dialog.h"
+#include "bookings/ui/reservation_grp_dialog.h"
+#include "bookings/ui/reservation_split_dialog.h"
 #include "bookings/ui/trous_dialog.h"
 #include "manual_panels.h"
 #include "board/ui/ecran_dialog.h"
@@ -182,13 +186,26 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   wireMenus(window, session, ini, view, messages, texts, clock, paths, *board, options, dates);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
-  wireManualControl(window, *board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);
-  // Presses on labels and empty cells, the drag and the keyboard. The booking
-  // dialogs are filled in here as they come.
+  // Presses on labels and empty cells, the drag and the keyboard, each
+  // opening its booking dialog.
   BookingDialogs bookingDialogs;
+  bookingDialogs.Reservation = showReservation;
+  bookingDialogs.ReservationSplit = showReservationSplit;
+  bookingDialogs.ReservationGrp = showReservationGrp;
+  bookingDialogs.ReservationCreer = showReservationCreer;
   const std::unique_ptr<BoardGestures> gestures =
       wireBoardGestures({*board, session, view, options, dates, messages, texts, clock, paths}, bookingDialogs);
+  // The manual panels act as the presses do: a new booking on the first
+  // resource on screen, the marked booking opened as by the right button.
+  const BoardFrame& f = frame;
+  wireManualControl(
+      window, *board, session, options, messages, texts,
+      [&gestures, &f] {
+        gestures->Form_MouseDown(Qt::RightButton, f.GridLeft() + f.PasH() / 2, f.GridTop() + f.PasV() / 2);
+        gestures->Form_MouseUp();
+      },
+      [&gestures](int label) { gestures->Lab_MouseDown(label, Qt::RightButton, 0, 0); });
   session.Show_Title();
   session.showEmptyBoard();
   window.show();

@@ -41,7 +41,11 @@ void QtSessionView::Dessiner_Ecran() {
   if (board_ && session_ && session_->IsOpen) {
     board_->drawing().setSession(&session_->objects());
     session_->drawing = true;
-    board_->Dessiner_Ecran();
+    // With the availability view on, the counts are drawn again, not the bookings.
+    if (board_->drawing().availabilityChecked)
+      board_->Redraw(QString());
+    else
+      board_->Dessiner_Ecran();
     session_->drawing = false;
   } else {
     window_.centralWidget()->update();

@@ -10,11 +10,11 @@ bool openBooking(BookingRecords& records, const BookingDialogOpeners& open) {
   if (val(records.Split_L) != 0) {
     records.Found_Other_SplitPart();
     if (!records.Flg_OkCl) return false;
-    OpenGroup = open.ReservationSplit();
+    OpenGroup = open.ReservationSplit && open.ReservationSplit();
   } else {
-    OpenGroup = open.Reservation();
+    OpenGroup = open.Reservation && open.Reservation();
   }
-  if (OpenGroup) open.ReservationGrp();
+  if (OpenGroup && open.ReservationGrp) open.ReservationGrp();
   return true;
 }
 

@@ -13,10 +13,6 @@
 
 namespace ksv {
 
-QString colourStyle(Colour back, Colour fore) {
-  return QStringLiteral("background: %1; color: %2;").arg(bgrColor(int(back)).name(), bgrColor(int(fore)).name());
-}
-
 QString dateLabel(QDate date) { return QLocale().toString(date, QLocale::ShortFormat); }
 
 QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent) {

@@ -18,6 +18,7 @@
 #include "board/cls_calendar.h"
 #include "board/screen_description.h"
 #include "bookings/booking_edit_form.h"
+#include "bookings/ui/booking_widgets.h"
 
 namespace ksv {
 
@@ -74,8 +75,6 @@ class ResourceLists : public QWidget {
 
 // A button of the dialog, named for tests and finding.
 QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent);
-// The style of a widget in a booking colour pair.
-QString colourStyle(Colour back, Colour fore);
 // A date as the labels show it.
 QString dateLabel(QDate date);
 
