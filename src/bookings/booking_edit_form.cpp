@@ -136,7 +136,7 @@ void BookingEditForm::commonToBuffer() {
 
 bool BookingEditForm::nameGiven() {
   if (!Nom.isEmpty()) return true;
-  ctx_.messages.critical(ctx_.texts.get(txt::ModifNameEmpty));
+  ctx_.messages.critical(ctx_.texts.get(txt::CustomerNameEmpty));
   if (focusNom) focusNom();
   return false;
 }

@@ -239,11 +239,11 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
   Messages& m = ctx_.messages;
   const Texts& t = ctx_.texts;
   if (NB_Jour <= 0) {
-    m.information(t.get(txt::GrpDateOrder));
+    m.information(t.get(txt::CalendarFromBeforeTo));
     return false;
   }
   if (Nom.trimmed().isEmpty()) {
-    m.critical(t.get(txt::GrpNameEmpty));
+    m.critical(t.get(txt::CustomerNameEmpty));
     if (focusNom) focusNom();
     return false;
   }

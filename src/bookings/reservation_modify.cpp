@@ -69,7 +69,7 @@ bool ReservationPresenter::Modify_Click() {
     showRefresh();
   }
   if (NB_Jour <= 0) {
-    ctx_.messages.information(ctx_.texts.get(txt::ModifDatesOrder));
+    ctx_.messages.information(ctx_.texts.get(txt::CalendarFromBeforeTo));
     return false;
   }
   if (!nameGiven()) return false;
