@@ -328,7 +328,12 @@ void ReservationCreerPresenter::createGroup(const QString& name) {
   const QStringList& free = ctx_.availability.Res_Free;
   auto member = [&](int number, int entry) {
     b.Nom_L = name + QLatin1Char('_') + QString::number(number);
-    b.Res_L = free.value(entry);
+    // When every resource of the list is free, the entry past them holds
+    // nothing: the extra bookings then pile up on the last free one rather
+    // than on a blank that no board would ever show.
+    QString resource = free.value(entry);
+    for (int k = entry; resource.trimmed().isEmpty() && k > 0;) resource = free.value(--k);
+    b.Res_L = resource;
     b.Creer_Reservation();
   };
   int i = 0;

@@ -180,6 +180,19 @@ TEST_F(CreerTest, MoreRequestedThanFreePilesTheExtraBookingsOnTheNextEntry) {
   EXPECT_FALSE(again.closed);
 }
 
+TEST_F(CreerTest, ExtraBookingsNeverLandOnABlankResource) {
+  // All three rooms free: nothing stands past them in the free list.
+  ReservationCreerPresenter& p = open("101", march(11));
+  ASSERT_EQ(p.NbAvailable, "3");
+  p.Nom_Change("Choir");
+  p.NbRequested_Change("4");
+  messages.answer(MsgAnswer::Yes);
+  p.Create_Click();
+  EXPECT_EQ(rows(), (QStringList{"Choir/ /2025-03-11/2025-03-18/3/L/1", "Choir_1/101/2025-03-11/2025-03-18/0/C/1",
+                                 "Choir_2/102/2025-03-11/2025-03-18/0/C/1", "Choir_3/103/2025-03-11/2025-03-18/0/C/1",
+                                 "Choir_4/103/2025-03-11/2025-03-18/0/C/1"}));
+}
+
 TEST_F(CreerTest, AnAgentWithOneResourceStillMakesAGroup) {
   planning.db().exec("UPDATE DataBaseInfo SET MaxGroupNb = 6");
   ReservationCreerPresenter& p = open("101", march(20));
