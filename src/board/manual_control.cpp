@@ -21,6 +21,13 @@ void ManualControl::walk() {
   if (kind_ == Kind::Bookings) {
     const BoardLabel& label = board_.Lab[std::size_t(index_)];
     marker.rect = label.rect;
+    // A label that began before the first day shows from the grid's edge on;
+    // the marker covers what is seen of it, not the resource cell beside it.
+    const int gridLeft = board_.frame().GridLeft();
+    if (marker.rect.left < gridLeft) {
+      marker.rect.width -= gridLeft - marker.rect.left;
+      marker.rect.left = gridLeft;
+    }
     marker.caption = label.text;
   } else {
     marker.rect = board_.frame().Res_Lib(index_);

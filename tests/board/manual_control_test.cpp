@@ -150,4 +150,17 @@ TEST_F(ManualControlTest, TheBookingWalkFollowsTheLabelsAndStartsAgainAfterARedr
   EXPECT_EQ(walk.markedLabel(), 0);
 }
 
+TEST_F(ManualControlTest, TheMarkerOfALabelThatBeganBeforeTheScreenStartsAtTheGrid) {
+  rooms(1);
+  planning_.addBooking("Room 1", mar(2), mar(8), "Martin");  // from before the 6th
+  draw();
+  ASSERT_EQ(board_.LabCount, 1);
+  ManualControl walk(board_, ManualControl::Kind::Bookings);
+  walk.restart();
+  const TwipRect& label = board_.Lab[0].rect;
+  ASSERT_LT(label.left, frame_.GridLeft());
+  EXPECT_EQ(board_.Repere.rect.left, frame_.GridLeft());
+  EXPECT_EQ(board_.Repere.rect.left + board_.Repere.rect.width, label.left + label.width);
+}
+
 }  // namespace

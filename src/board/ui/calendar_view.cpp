@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -31,6 +32,18 @@ QPoint CalendarView::dayCentre(QDate date) const {
   return toPixels(calendar_->dayCell(n / 7, n % 7), calendar_->twipsPerPixel()).center();
 }
 
+namespace {
+
+// A month caption in bold is wider than its box in some fonts: shrink it
+// rather than cut it.
+QFont fitted(QFont font, const QString& text, int width) {
+  while (font.pixelSize() > 6 && QFontMetrics(font).horizontalAdvance(text) > width - 2)
+    font.setPixelSize(font.pixelSize() - 1);
+  return font;
+}
+
+}  // namespace
+
 void CalendarView::paintEvent(QPaintEvent*) {
   if (!calendar_) return;
   const int tpp = calendar_->twipsPerPixel();
@@ -52,7 +65,7 @@ void CalendarView::paintEvent(QPaintEvent*) {
         break;
       case CalendarShape::Kind::Text:
         painter.setPen(bgrColor(s.color));
-        painter.setFont(s.bold ? bold : normal);
+        painter.setFont(fitted(s.bold ? bold : normal, s.text, r.width()));
         painter.drawText(r, Qt::AlignCenter, s.text);
         break;
     }
