@@ -10,6 +10,7 @@
 #include "bookings/booking_records.h"
 #include "bookings/ui/trous_dialog.h"
 #include "customers/ui/customer_menus.h"
+#include "invoicing/invoice_accounts.h"
 #include "qt_session_view.h"
 #include "storage/planning_session.h"
 
@@ -34,6 +35,9 @@ struct GestureBooking {
                 [view = &c.view] { view->Dessiner_Ecran(); },
                 {},
                 nullptr} {
+    context.DeleteInvoice = [&db = context.db, &clock = c.clock](const QString& invNb) {
+      DeleteInvoice(db, clock, invNb);
+    };
     const CustomerWindowsContext customers{c.session, c.messages, c.texts, c.clock, c.paths,
                                            [view = &c.view] { view->Dessiner_Ecran(); }};
     QWidget* parent = &c.board;

@@ -56,6 +56,9 @@ struct BookingContext {
   std::function<void()> Dessiner_Ecran;
   BookingWindows windows;
   InvoiceWindow* invoice = nullptr;  // none until invoicing is there
+  // Removes an invoice with its amounts in the accounts, before the booking
+  // that names it goes.
+  std::function<void(const QString& invNb)> DeleteInvoice = nullptr;
 
   CustomerContext customers() const { return {db, clock, messages, texts, paths}; }
 };

@@ -160,9 +160,9 @@ bool BookingEditForm::write(const std::function<void()>& writes) {
 }
 
 bool BookingEditForm::deleteInvoice() {
-  if (InvNb.trimmed().isEmpty() || !ctx_.invoice) return true;
+  if (InvNb.trimmed().isEmpty() || !ctx_.DeleteInvoice) return true;
   try {
-    ctx_.invoice->DeleteInvoice(InvNb);
+    ctx_.DeleteInvoice(InvNb);
     return true;
   } catch (const StorageError& e) {
     ctx_.messages.critical(QString::fromUtf8(e.what()));

@@ -99,8 +99,8 @@ class BookingEditForm {
   // Runs the writes of one command as one transaction; a refused write is
   // shown and leaves the dialog open with nothing written.
   bool write(const std::function<void()>& writes);
-  // The booking's invoice goes before the booking, when there is one and an
-  // invoice window to remove it. False when the removal failed.
+  // The booking's invoice goes before the booking, when it has one. False
+  // when the removal failed.
   bool deleteInvoice();
   // Redraws the board and unloads.
   void done();

@@ -1,8 +1,7 @@
 #pragma once
-// What the booking dialogs hand to the invoice window, and the one invoice
-// operation they call before a booking goes. The invoicing subsystem
-// implements InvoiceWindow; until a planning has one, the dialogs disable
-// their invoice button and delete no invoice.
+// What the booking dialogs hand to the invoice window. The invoicing
+// subsystem implements InvoiceWindow; until a planning has one, the dialogs
+// disable their invoice button.
 
 #include <QDate>
 #include <QString>
@@ -29,8 +28,6 @@ struct InvoiceHandOver {
 class InvoiceWindow {
  public:
   virtual ~InvoiceWindow() = default;
-  // Removes an invoice and takes its amounts out of the accounts.
-  virtual void DeleteInvoice(const QString& invNb) = 0;
   // Shows the invoice window modally on what the dialog handed over.
   virtual void show(const InvoiceHandOver& handOver) = 0;
 };

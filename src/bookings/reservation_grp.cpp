@@ -299,11 +299,11 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
 }
 
 void ReservationGrpPresenter::deleteInvoice(const QString& invNb) {
-  if (!ctx_.invoice || invNb.trimmed().isEmpty()) return;
+  if (!ctx_.DeleteInvoice || invNb.trimmed().isEmpty()) return;
   // Both parts of a split booking carry one invoice: it goes once.
   if (std::find(deletedInvoices_.begin(), deletedInvoices_.end(), invNb) != deletedInvoices_.end()) return;
   deletedInvoices_.push_back(invNb);
-  ctx_.invoice->DeleteInvoice(invNb);
+  ctx_.DeleteInvoice(invNb);
 }
 
 bool ReservationGrpPresenter::DeleteGroup_Click() {

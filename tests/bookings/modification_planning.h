@@ -30,12 +30,13 @@ namespace ksv::test {
 
 inline QDate march(int d) { return QDate(2025, 3, d); }
 
-// Records what the booking dialogs ask of the invoice window, with the number
-// of booking rows still stored at each removal.
+// Records what the booking dialogs hand to the invoice window and which
+// invoices they remove, with the number of booking rows still stored at each
+// removal.
 class FakeInvoiceWindow : public InvoiceWindow {
  public:
   explicit FakeInvoiceWindow(Database& db) : db_(db) {}
-  void DeleteInvoice(const QString& invNb) override {
+  void DeleteInvoice(const QString& invNb) {
     deleted.push_back(invNb);
     rowsAtDelete.push_back(db_.scalar("SELECT count(*) FROM Reservation").toInt());
   }
@@ -105,6 +106,7 @@ class ModificationPlanning : public ::testing::Test {
       ctx_ = std::make_unique<BookingContext>(BookingContext{
           planning_.db(), planning_.objects(), records_, availability_, options_, messages_, texts_,
           planning_.clock(), planning_.paths(), march(1), march(31), [this] { ++redraws_; }, windows_, nullptr});
+      ctx_->DeleteInvoice = [this](const QString& invNb) { invoice_.DeleteInvoice(invNb); };
     }
     return *ctx_;
   }
