@@ -10,6 +10,7 @@
 #include "bookings/booking_records.h"
 #include "bookings/ui/trous_dialog.h"
 #include "customers/ui/customer_menus.h"
+#include "net/ui/mail.h"
 #include "qt_session_view.h"
 #include "storage/planning_session.h"
 
@@ -48,6 +49,7 @@ struct GestureBooking {
     w.Trous = [&options = c.options, &texts = c.texts, parent](TrousSearch& trous) {
       return showTrous(trous, options, texts, parent);
     };
+    w.sendEmail = [](const QString& email) { Mail(email); };
   }
   Availability availability;
   BookingContext context;
