@@ -1,5 +1,5 @@
 #pragma once
-// Mail (Part 8.3): what the desktop is asked to open for an address. Nothing
+// Mail: what the desktop is asked to open for an address. Nothing
 // is checked: an empty address gives an empty message.
 
 #include <QString>

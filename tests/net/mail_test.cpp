@@ -1,4 +1,4 @@
-// Mail (Part 8.3): the address the desktop's mail handler is opened on.
+// Mail: the address the desktop's mail handler is opened on.
 #include <gtest/gtest.h>
 
 #include "net/mail.h"

@@ -182,7 +182,7 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   CdInvoice = new QPushButton(buttons[3], this);
   CmdExit = new QPushButton(buttons[4], this);
   CdInvoice->setEnabled(presenter_.invoiceEnabled());
-  // Mail (Part 8.3) to the text of Email as it stands; ReservationCreer's caption.
+  // Mail to the text of Email as it stands; ReservationCreer's caption.
   cmdSendEmail = new QPushButton(texts.list(txt::CreerButtons, 7).value(4), this);
   cmdSendEmail->setObjectName(QStringLiteral("cmdSendEmail"));
   cmdSendEmail->setEnabled(bool(ctx.windows.sendEmail));
