@@ -11,6 +11,7 @@
 #include "bookings/ui/trous_dialog.h"
 #include "customers/ui/customer_menus.h"
 #include "invoicing/invoice_accounts.h"
+#include "net/ui/mail.h"
 #include "qt_session_view.h"
 #include "storage/planning_session.h"
 
@@ -52,6 +53,7 @@ struct GestureBooking {
     w.Trous = [&options = c.options, &texts = c.texts, parent](TrousSearch& trous) {
       return showTrous(trous, options, texts, parent);
     };
+    w.sendEmail = [](const QString& email) { Mail(email); };
   }
   Availability availability;
   BookingContext context;

@@ -70,12 +70,18 @@ void BoardDrawing::Redraw(const QString& what) {
     Dessin_JourMoisGrid();
     return;
   }
+  if (what.contains(QLatin1Char('D'))) LastHPos = -1;
+  if (what.contains(QLatin1Char('R'))) LastVPos = -1;
   if (availabilityChecked && Draw_Available) {
+    // The counts go under the days shown: a scrolled day strip is drawn
+    // first, then the counts from its first day.
+    if (HPos != LastHPos) {
+      LastHPos = HPos;
+      Dessin_JourMoisGrid();
+    }
     Draw_Available();
     return;
   }
-  if (what.contains(QLatin1Char('D'))) LastHPos = -1;
-  if (what.contains(QLatin1Char('R'))) LastVPos = -1;
   Dessiner_Ecran();
 }
 

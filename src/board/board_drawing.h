@@ -112,7 +112,8 @@ class BoardDrawing {
   int resourcesVersion = 0;
   int labelsVersion = 0;
 
-  // With the availability view on, Redraw hands over to it.
+  // With the availability view on, Redraw draws the days when they moved and
+  // hands over to it.
   bool availabilityChecked = false;
   std::function<void()> Draw_Available;
 

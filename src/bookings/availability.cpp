@@ -118,10 +118,6 @@ int Availability::Available_Nb(QDate from, QDate to, int category) {
   return n;
 }
 
-AvailabilityTables Availability::SetAvailabilityTables(int days) const {
-  return SetAvailabilityTables(clock_.today(), days);
-}
-
 AvailabilityTables Availability::SetAvailabilityTables(QDate first, int days) const {
   AvailabilityTables t;
   t.first = first;

@@ -72,10 +72,9 @@ class Availability {
                                        const std::vector<SkippedBooking>& skip = {}) const;
 
   // The tables behind the availability view and the published files, for
-  // `days` days from `first`.
+  // `days` days from `first`: the view starts on the board's first day shown,
+  // the published files on today.
   AvailabilityTables SetAvailabilityTables(QDate first, int days) const;
-  // The same from today, as the view and the published files read them.
-  AvailabilityTables SetAvailabilityTables(int days) const;
 
  private:
   struct ResourceRow {

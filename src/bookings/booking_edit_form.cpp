@@ -86,6 +86,10 @@ void BookingEditForm::PutBlackList_Click() {
   if (ctx_.windows.BlackList_Add_Commun) ctx_.windows.BlackList_Add_Commun(Nom, Remarque);
 }
 
+void BookingEditForm::cmdSendEmail_Click() {
+  if (ctx_.windows.sendEmail) ctx_.windows.sendEmail(Email);
+}
+
 void BookingEditForm::cmdGroup_Click() {
   OpenGroup = true;
   leave();
@@ -134,12 +138,7 @@ void BookingEditForm::commonToBuffer() {
   b.InvNb_L = InvNb;
 }
 
-bool BookingEditForm::nameGiven() {
-  if (!Nom.isEmpty()) return true;
-  ctx_.messages.critical(ctx_.texts.get(txt::CustomerNameEmpty));
-  if (focusNom) focusNom();
-  return false;
-}
+bool BookingEditForm::nameGiven() { return customerNameGiven(Nom, ctx_.messages, ctx_.texts, focusNom); }
 
 bool BookingEditForm::write(const std::function<void()>& writes) {
   try {

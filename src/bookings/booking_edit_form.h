@@ -70,6 +70,7 @@ class BookingEditForm {
   bool blackListEnabled() const { return bool(ctx_.windows.M_BlackList); }
   bool putBlackListEnabled() const { return bool(ctx_.windows.BlackList_Add_Commun); }
   bool holesEnabled() const { return bool(ctx_.windows.Trous); }
+  bool sendEmailEnabled() const { return bool(ctx_.windows.sendEmail); }
 
   // Edits of the inputs; each sets the changed flag.
   void setNom(const QString& text);
@@ -82,6 +83,8 @@ class BookingEditForm {
   void Search_Click();
   void BlackList_Click();
   void PutBlackList_Click();
+  // Mail to the text of Email, as it stands: an empty one opens an empty message.
+  void cmdSendEmail_Click();
   // Leaves without saving; the group dialog opens next.
   void cmdGroup_Click();
   virtual bool Modify_Click() = 0;
@@ -94,7 +97,7 @@ class BookingEditForm {
   // The common inputs into the buffer: Nom_L, Color_L, Rem_L, Email_L,
   // HowMany_L, InvNb_L.
   void commonToBuffer();
-  // False, after the error and the focus to Nom, when the name is empty.
+  // False, after the error and the focus to Nom, when the name is blank.
   bool nameGiven();
   // Runs the writes of one command as one transaction; a refused write is
   // shown and leaves the dialog open with nothing written.

@@ -1,6 +1,8 @@
 #include "booking_form.h"
 
 #include "config/loaded_options.h"
+#include "core/messages.h"
+#include "core/texts.h"
 
 namespace ksv {
 
@@ -16,6 +18,14 @@ std::vector<CategoryItem> sixCategories(const LoadedOptions& options) {
   for (int c = 0; c < kCategoryCount; ++c)
     items.push_back({options.Categorie.value(c), options.CategoryBack[size_t(c)], options.CategoryFore[size_t(c)]});
   return items;
+}
+
+bool customerNameGiven(const QString& nom, Messages& messages, const Texts& texts,
+                       const std::function<void()>& focusNom) {
+  if (!nom.trimmed().isEmpty()) return true;
+  messages.critical(texts.get(txt::CustomerNameEmpty));
+  if (focusNom) focusNom();
+  return false;
 }
 
 }  // namespace ksv

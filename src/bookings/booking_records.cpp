@@ -11,10 +11,6 @@
 
 namespace ksv {
 
-bool bookingsOverlap(QDate firstA, QDate lastA, QDate firstB, QDate lastB) {
-  return firstA < lastB && firstB < lastA;
-}
-
 namespace {
 
 QString textOrEmpty(const Recordset& r, const char* name) {
@@ -80,8 +76,10 @@ void BookingRecords::readClickedBooking() {
 }
 
 void BookingRecords::writeBuffer(Recordset& t) {
-  // A group header has no resource, but the column takes no empty name.
-  t.setField("Resource", Res_L.isEmpty() ? kHeaderResource : Res_L);
+  // A group header has no resource, but the column takes no empty name. A
+  // stay is never given the placeholder: it would stand on no board.
+  const bool header = Split_L == QLatin1String("3");
+  t.setField("Resource", header && Res_L.isEmpty() ? kHeaderResource : Res_L);
   t.setField("Nom", Nom_L);
   t.setField("Email", Email_L);
   t.setField("HowMany", HowMany_L);

@@ -22,10 +22,6 @@ class Messages;
 class Recordset;
 class Texts;
 
-// Two stays of one resource collide when each begins before the other's
-// leaving day; a leaving day equal to an arrival day is no collision.
-bool bookingsOverlap(QDate firstA, QDate lastA, QDate firstB, QDate lastB);
-
 class BookingRecords : public BookingBuffer {
  public:
   BookingRecords(Database& db, const Clock& clock, Messages& messages, const Texts& texts);

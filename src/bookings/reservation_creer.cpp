@@ -224,7 +224,7 @@ void ReservationCreerPresenter::Holes_Click() {
 }
 
 void ReservationCreerPresenter::cmdSendEmail_Click() {
-  if (sendEmailEnabled()) ctx_.windows.sendEmail(Email.trimmed());
+  if (sendEmailEnabled()) ctx_.windows.sendEmail(Email);
 }
 
 bool ReservationCreerPresenter::readDialog() {
@@ -254,9 +254,10 @@ void ReservationCreerPresenter::Create_Click() {
     m.information(t.get(txt::CalendarFromBeforeTo));
     return;
   }
-  if (Nom.trimmed().isEmpty()) {
-    m.critical(t.get(txt::CustomerNameEmpty));
-    if (focusNom) focusNom();
+  if (!customerNameGiven(Nom, m, t, focusNom)) return;
+  // One booking needs a resource: a category without resources leaves none.
+  if (groupId_ == QLatin1String("C") && resource().trimmed().isEmpty()) {
+    m.critical(t.get(txt::ResourceMustBeDefined));
     return;
   }
   // Compared as texts, as the operators have always had it: "10" does not

@@ -64,7 +64,8 @@ class ReservationCreerPresenter {
   bool listsEnabled() const { return bool(ctx_.windows.Customer_From_Reservation); }
   bool blackListEnabled() const { return bool(ctx_.windows.M_BlackList); }
   bool holesEnabled() const { return bool(ctx_.windows.Trous); }
-  bool sendEmailEnabled() const { return bool(ctx_.windows.sendEmail) && !Email.trimmed().isEmpty(); }
+  // Mail asks nothing of the address: an empty one opens an empty message.
+  bool sendEmailEnabled() const { return bool(ctx_.windows.sendEmail); }
 
   // The window's side: unload, and put the focus on `Nom`.
   std::function<void()> unload;

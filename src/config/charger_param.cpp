@@ -85,7 +85,8 @@ LoadedOptions Charger_Param(IniFile& ini, const Clock& clock) {
   o.autoCompactSet = compact.has_value();
   o.AutoCompact = compact ? *compact : today.addMonths(1);
 
-  o.CheckGroupDate = isYes(readOption(ini, "Remember", "CheckGroupDate", QStringLiteral("O")));
+  // The group dates are checked unless the option says "N".
+  o.CheckGroupDate = readOption(ini, "Remember", "CheckGroupDate", QStringLiteral("O")) != QLatin1String("N");
 
   convertLockPlanning(ini);
   o.LockMode = isYes(readOption(ini, "Security", "LockMode", QStringLiteral("N")));

@@ -255,6 +255,27 @@ TEST_F(BoardDrawingTest, DaysAndResourcesAreComputedAgainOnlyWhenTheirPositionMo
   EXPECT_GT(board_.resourcesVersion, resources);
 }
 
+TEST_F(BoardDrawingTest, WithTheAvailabilityViewOnAScrollDrawsTheDaysBeforeTheCounts) {
+  threeRooms();
+  open();
+  board_.Dessiner_Ecran();
+  QList<QDate> firstDays;  // ViewFirst as each drawing of the counts found it, with the strip's first day
+  QStringList strips;
+  board_.availabilityChecked = true;
+  board_.Draw_Available = [&] {
+    firstDays << board_.ViewFirst();
+    strips << board_.Jour.front().text.section(QLatin1Char('\n'), 1);
+  };
+  board_.HPos = 8;
+  board_.Redraw("D");
+  const int days = board_.daysVersion;
+  board_.Redraw(QString());  // a refresh: the days stay as they are
+  EXPECT_EQ(board_.daysVersion, days);
+  EXPECT_EQ(firstDays, (QList<QDate>{QDate(2025, 3, 9), QDate(2025, 3, 9)}));
+  EXPECT_EQ(strips, (QStringList{"9", "9"}));
+  EXPECT_EQ(board_.LastHPos, 8);
+}
+
 TEST_F(BoardDrawingTest, MonthLettersAreCentredAndFollowedByTheYear) {
   // MARCH: n = 5, s = 12: letters on the 12th to 16th, blank on the 17th,
   // year on the 18th to 21st.

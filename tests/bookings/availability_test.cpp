@@ -109,13 +109,24 @@ TEST_F(AvailabilityTest, DailyTablesCountFreeNightsPerCategory) {
   EXPECT_EQ(t.busy[3], (std::vector<bool>{false, false, false, true, true}));
 }
 
-TEST_F(AvailabilityTest, TablesStartTodayByDefault) {
-  booking("201", today().addDays(-1), today().addDays(1), "LeavesTomorrow");
-  const AvailabilityTables t = availability_.SetAvailabilityTables(3);
-  EXPECT_EQ(t.first, today());
-  ASSERT_EQ(t.free.size(), 3u);
-  EXPECT_EQ(t.free[0][2], 0);
-  EXPECT_EQ(t.free[1][2], 1);
+TEST_F(AvailabilityTest, TablesStartOnTheDayGivenNotToday) {
+  // The view of a scrolled board starts on its first day shown, here a
+  // month after today: the stay counts under its own nights only.
+  ASSERT_NE(day(20), today());
+  booking("201", day(22), day(24), "TwoNights");
+  const AvailabilityTables t = availability_.SetAvailabilityTables(day(20), 6);
+  EXPECT_EQ(t.first, day(20));
+  std::vector<int> cat2;
+  for (const auto& d : t.free) cat2.push_back(d[2]);
+  EXPECT_EQ(cat2, (std::vector<int>{1, 1, 0, 0, 1, 1}));
+  EXPECT_EQ(t.busy[3], (std::vector<bool>{false, false, true, true, false, false}));
+
+  // From today, the same stay stands 37 and 38 days on.
+  const AvailabilityTables fromToday = availability_.SetAvailabilityTables(today(), 40);
+  EXPECT_EQ(fromToday.free[36][2], 1);
+  EXPECT_EQ(fromToday.free[37][2], 0);
+  EXPECT_EQ(fromToday.free[38][2], 0);
+  EXPECT_EQ(fromToday.free[39][2], 1);
 }
 
 TEST_F(AvailabilityTest, NoResourcesDrawNothing) {

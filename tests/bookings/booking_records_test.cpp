@@ -91,15 +91,7 @@ TEST_F(BookingRecordsTest, CreateWritesTheBufferAndLeavesABlankInvoiceNull) {
   EXPECT_EQ(rows().value(1), "Durand/102/2024-07-10/2024-07-12/0/-3");
 }
 
-TEST_F(BookingRecordsTest, OverlappingBookingsAreLegalDataAndTouchingOnesDoNotCollide) {
-  // Leaving on the day another arrives is no collision; one shared night is.
-  EXPECT_FALSE(bookingsOverlap(day(10), day(11), day(11), day(13)));
-  EXPECT_FALSE(bookingsOverlap(day(11), day(13), day(10), day(11)));
-  EXPECT_TRUE(bookingsOverlap(day(10), day(12), day(11), day(13)));
-  EXPECT_TRUE(bookingsOverlap(day(11), day(13), day(10), day(12)));
-  EXPECT_TRUE(bookingsOverlap(day(10), day(20), day(12), day(13)));
-  EXPECT_EQ(day(10).daysTo(day(11)), 1);
-
+TEST_F(BookingRecordsTest, OverlappingBookingsAreLegalData) {
   // The writes take what they are given: a double booking is the operator's call.
   openRecordsets();
   fill("101", day(10), day(12), "First");
@@ -286,6 +278,21 @@ TEST_F(BookingRecordsTest, DeleteRemovesTheClickedRowOnly) {
   click(1);
   records_->Supprimer_Reservation();
   EXPECT_EQ(rows(), QStringList{"Keep/101/2024-07-05/2024-07-08/0/<null>"});
+}
+
+TEST_F(BookingRecordsTest, OnlyAGroupHeaderTakesTheBlankResource) {
+  openRecordsets();
+  fill("", day(10), day(12), "Choir");
+  records_->Split_L = "3";
+  records_->GroupId_L = "L";
+  records_->GroupNb_L = 1;
+  records_->Creer_Reservation();
+  EXPECT_EQ(db_.scalar("SELECT Resource FROM Reservation WHERE Nom = 'Choir'").toString(), " ");
+
+  // A stay without resource is refused rather than hidden on the blank.
+  fill("", day(10), day(12), "Nowhere");
+  EXPECT_THROW(records_->Creer_Reservation(), StorageError);
+  EXPECT_EQ(rows(), QStringList{"Choir/ /2024-07-10/2024-07-12/3/<null>"});
 }
 
 TEST_F(BookingRecordsTest, RefusedValueWritesNothingAndLeavesNoEditBehind) {

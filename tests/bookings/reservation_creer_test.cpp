@@ -371,6 +371,27 @@ TEST_F(CreerTest, DatesOutOfOrderAndAnEmptyNameCreateNothing) {
   EXPECT_FALSE(p.closed);
 }
 
+TEST_F(CreerTest, ASingleBookingWithoutAResourceIsRefusedAndTheDialogStays) {
+  ReservationCreerPresenter& p = open("101", march(11));
+  p.Nom_Change("Martin");
+  // Category 4 has no resources: nothing is selected.
+  p.Category_Click(5);
+  ASSERT_EQ(p.resource(), "");
+  p.Create_Click();
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text, "The resource must be defined");
+  EXPECT_EQ(messages.last().icon, MsgIcon::Critical);
+  EXPECT_TRUE(rows().isEmpty());
+  EXPECT_FALSE(p.closed);
+  EXPECT_EQ(unloads, 0);
+
+  // Back on a category with rooms, the same dialog creates the booking.
+  p.Category_Click(1);
+  p.Create_Click();
+  EXPECT_EQ(rows(), QStringList{"Martin/101/2025-03-11/2025-03-18/0/C/0"});
+  EXPECT_TRUE(p.closed);
+}
+
 TEST_F(CreerTest, AGroupTheStoreRefusesPartlyLeavesNothingBehind) {
   // 25 characters fit the header; "_1" makes the first member too long.
   const QString name = "Association des Amis du V";
@@ -449,12 +470,14 @@ TEST_F(CreerTest, HolesHandsBackTheCategoryAndResource) {
   EXPECT_EQ(p.resource(), "Suite");
   EXPECT_EQ(p.NbAvailable, "1");
 
-  QString mailedTo;
-  ctx.windows.sendEmail = [&](const QString& email) { mailedTo = email; };
-  p.Email_Change(" guest@example.org ");
+  QStringList mailedTo;
+  ctx.windows.sendEmail = [&](const QString& email) { mailedTo << email; };
+  // An empty address is no reason to refuse: Mail opens an empty message.
   ASSERT_TRUE(p.sendEmailEnabled());
   p.cmdSendEmail_Click();
-  EXPECT_EQ(mailedTo, "guest@example.org");
+  p.Email_Change("guest@example.org");
+  p.cmdSendEmail_Click();
+  EXPECT_EQ(mailedTo, (QStringList{"", "guest@example.org"}));
 }
 
 }  // namespace

@@ -115,6 +115,12 @@ TEST_F(ReservationTest, ModifyRefusesReversedDatesAndAnEmptyName) {
   EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
   EXPECT_EQ(messages_.last().icon, MsgIcon::Critical);
   EXPECT_EQ(focus, 1);
+  // Blanks are no name either, as in the creation dialog.
+  p.setNom("   ");
+  EXPECT_FALSE(p.Modify_Click());
+  EXPECT_EQ(messages_.shown().size(), 3u);
+  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(focus, 2);
   EXPECT_EQ(row(id), before);
   EXPECT_EQ(closes_, 0);
   EXPECT_EQ(redraws_, 0);

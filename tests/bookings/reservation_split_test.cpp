@@ -80,6 +80,25 @@ TEST_F(ReservationSplitTest, ACutOnTheStartOrTheEndIsRefusedAndWritesNothing) {
   EXPECT_EQ(redraws_, 0);
 }
 
+TEST_F(ReservationSplitTest, ANameOfBlanksIsRefusedByModifyAndMerge) {
+  const QStringList before = stays();
+  ReservationSplitPresenter& p = open(part1_);
+  int focus = 0;
+  p.focusNom = [&] { ++focus; };
+  p.setNom("  ");
+  EXPECT_FALSE(p.Modify_Click());
+  ASSERT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(messages_.last().icon, MsgIcon::Critical);
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_FALSE(p.Merge_Click());
+  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(focus, 2);
+  EXPECT_EQ(stays(), before);
+  EXPECT_EQ(closes_, 0);
+  EXPECT_EQ(redraws_, 0);
+}
+
 TEST_F(ReservationSplitTest, ModifyFromEitherPartRewritesBothRows) {
   ReservationSplitPresenter& p = open(part2_);
   p.CalS_DateClicked(march(13));

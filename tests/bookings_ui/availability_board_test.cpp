@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPushButton>
+#include <QScrollBar>
 
 #include "board/board_drawing.h"
 #include "board/screen_description.h"
@@ -106,6 +108,59 @@ TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
   EXPECT_TRUE(view->isHidden());
   EXPECT_FALSE(drawing_.availabilityChecked);
   EXPECT_EQ(drawing_.LabCount, 3);
+}
+
+TEST_F(AvailabilityBoardTest, TheCountsFollowTheDaysTheScrolledBoardShows) {
+  planning.addResource("101", 0, 1);
+  planning.addResource("102", 0, 2);
+  planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
+  drawing_.setSession(&planning.objects());
+  BoardWidget board(drawing_, options, texts);
+  board.resize(1024, 600);
+  board.setDayRange(300, 9);
+  board.scrollTo(0, 9);
+  board.Dessiner_Ecran();
+  MenuModel menus = MenuModel::standard();
+  int draws = 0;
+  ASSERT_TRUE(M_Availability_Click(menus, board, [&](BoardWidget& b) {
+    ++draws;
+    Availability rules(planning.db(), planning.clock());
+    Draw_Available(b, rules, options);
+  }));
+  auto* view = board.findChild<AvailabilityBoard*>();
+  ASSERT_NE(view, nullptr);
+  // The free rooms of category 0 on each day shown, and the day numbers above them.
+  const auto counts = [&] {
+    std::vector<int> out;
+    for (int d = 0; d < 4; ++d) out.push_back(view->lines().at(0).cells.at(size_t(d)).free);
+    return out;
+  };
+  const auto dayNumbers = [&] {
+    QStringList out;
+    for (int d = 0; d < 4; ++d) out << drawing_.Jour.at(size_t(d)).text.section(QLatin1Char('\n'), 1);
+    return out;
+  };
+  EXPECT_EQ(counts(), (std::vector<int>{1, 1, 2, 2}));
+  EXPECT_EQ(dayNumbers(), (QStringList{"10", "11", "12", "13"}));
+
+  // Scrolled two days back, the stay stands under the 10th and the 11th, where the days strip shows them.
+  board.HScroll()->setValue(7);
+  EXPECT_EQ(draws, 2);
+  EXPECT_EQ(drawing_.ViewFirst(), QDate(2025, 3, 8));
+  EXPECT_EQ(dayNumbers(), (QStringList{"8", "9", "10", "11"}));
+  EXPECT_EQ(counts(), (std::vector<int>{2, 2, 1, 1}));
+  EXPECT_EQ(drawing_.LabCount, 0);
+
+  // Today brings both back; a refresh keeps them together.
+  board.findChild<QPushButton*>("Today")->click();
+  EXPECT_EQ(draws, 3);
+  EXPECT_EQ(dayNumbers(), (QStringList{"10", "11", "12", "13"}));
+  EXPECT_EQ(counts(), (std::vector<int>{1, 1, 2, 2}));
+  board.HScroll()->setValue(10);
+  board.Redraw(QString());
+  EXPECT_EQ(draws, 5);
+  EXPECT_EQ(dayNumbers(), (QStringList{"11", "12", "13", "14"}));
+  EXPECT_EQ(counts(), (std::vector<int>{1, 2, 2, 2}));
 }
 
 }  // namespace

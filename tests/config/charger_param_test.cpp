@@ -105,6 +105,17 @@ TEST_F(ChargerParamTest, TheOldLockPlanningKeyIsConvertedOnce) {
   EXPECT_EQ(ini.GetValue("Security", "LockMode"), "N");
 }
 
+TEST_F(ChargerParamTest, GroupDatesAreCheckedUnlessTheOptionIsN) {
+  EXPECT_TRUE(Charger_Param(ini, clock).CheckGroupDate);
+  ini.SetValue("Remember", "CheckGroupDate", "Y");  // not "O", still not "N"
+  EXPECT_TRUE(Charger_Param(ini, clock).CheckGroupDate);
+  ini.SetValue("Remember", "CheckGroupDate", "");  // not yet set: the default "O" comes back
+  EXPECT_TRUE(Charger_Param(ini, clock).CheckGroupDate);
+  EXPECT_EQ(ini.GetValue("Remember", "CheckGroupDate"), "O");
+  ini.SetValue("Remember", "CheckGroupDate", "N");
+  EXPECT_FALSE(Charger_Param(ini, clock).CheckGroupDate);
+}
+
 TEST_F(ChargerParamTest, RefreshScreenCountsOnlyInConsultationMode) {
   ini.SetValue("Reservation", "Updating", "N");
   ini.SetValue("Reservation", "NbSecond", "12");

@@ -80,7 +80,9 @@ AvailabilityBoard* availabilityBoardOf(BoardWidget& board, const LoadedOptions& 
 void Draw_Available(BoardWidget& board, Availability& availability, const LoadedOptions& options) {
   AvailabilityBoard* view = availabilityBoardOf(board, options);
   view->placeOverGrid();
-  const AvailabilityTables tables = availability.SetAvailabilityTables(board.drawing().frame().DayNb());
+  // The counts stand under the days the board shows, wherever it is scrolled.
+  const BoardDrawing& drawing = board.drawing();
+  const AvailabilityTables tables = availability.SetAvailabilityTables(drawing.ViewFirst(), drawing.frame().DayNb());
   view->setLines(tables.Flg_OkCl ? ksv::Draw_Available(tables, options) : std::vector<AvailabilityLine>{});
   view->show();
   view->raise();

@@ -46,7 +46,8 @@ class AvailabilityBoard : public QWidget {
 // The view over `board`, made on first use.
 AvailabilityBoard* availabilityBoardOf(BoardWidget& board, const LoadedOptions& options);
 
-// Draw_Available: the tables from today over the board's days, painted.
+// Draw_Available: the tables over the days the board shows, from its first
+// day on the screen (ViewFirst), painted.
 void Draw_Available(BoardWidget& board, Availability& availability, const LoadedOptions& options);
 
 // M_Availability_Click: switches the menu check; checked, the view covers the

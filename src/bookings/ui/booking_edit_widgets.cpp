@@ -10,10 +10,19 @@
 #include "board/ui/board_colors.h"
 #include "board/ui/calendar_view.h"
 #include "core/texts.h"
+#include "customers/ui/remark_text.h"
 
 namespace ksv {
 
+namespace {
+// What the booking table holds of a name and an address.
+constexpr int kNomLength = 25;
+constexpr int kEmailLength = 40;
+}  // namespace
+
 QString dateLabel(QDate date) { return QLocale().toString(date, QLocale::ShortFormat); }
+
+QString sendEmailCaption(const Texts& texts) { return texts.list(txt::CreerButtons, 7).value(4); }
 
 QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent) {
   auto* b = new QPushButton(caption, parent);
@@ -43,9 +52,10 @@ CustomerFields::CustomerFields(BookingEditForm& form, const Texts& texts, QWidge
   auto* fields = new QFormLayout;
   Nom_ = new QLineEdit(this);
   Nom_->setObjectName(QStringLiteral("Nom"));
-  Nom_->setMaxLength(50);
+  Nom_->setMaxLength(kNomLength);
   Email_ = new QLineEdit(this);
   Email_->setObjectName(QStringLiteral("Email"));
+  Email_->setMaxLength(kEmailLength);
   HowMany_ = new QSpinBox(this);
   HowMany_->setObjectName(QStringLiteral("HowMany"));
   HowMany_->setRange(0, 32767);
@@ -65,7 +75,9 @@ CustomerFields::CustomerFields(BookingEditForm& form, const Texts& texts, QWidge
   connect(Nom_, &QLineEdit::textEdited, this, [this](const QString& t) { form_.setNom(t); });
   connect(Email_, &QLineEdit::textEdited, this, [this](const QString& t) { form_.setEmail(t); });
   connect(HowMany_, &QSpinBox::valueChanged, this, [this](int n) { form_.setHowMany(qint16(n)); });
-  connect(Remarque_, &QPlainTextEdit::textChanged, this, [this] { form_.setRemarque(Remarque_->toPlainText()); });
+  // The box edits with line feeds; the form keeps the stored form, CR LF.
+  connect(Remarque_, &QPlainTextEdit::textChanged, this,
+          [this] { form_.setRemarque(remarkFromEdit(Remarque_->toPlainText())); });
   showValues();
 }
 
@@ -75,7 +87,7 @@ void CustomerFields::showValues() {
   Nom_->setStyleSheet(colourStyle(form_.NomBack, form_.NomFore));
   if (Email_->text() != form_.Email) Email_->setText(form_.Email);
   HowMany_->setValue(form_.HowMany);
-  if (Remarque_->toPlainText() != form_.Remarque) Remarque_->setPlainText(form_.Remarque);
+  if (remarkFromEdit(Remarque_->toPlainText()) != form_.Remarque) Remarque_->setPlainText(remarkForEdit(form_.Remarque));
   InvNb_->setText(form_.InvNb);
 }
 

@@ -75,6 +75,8 @@ class ResourceLists : public QWidget {
 
 // A button of the dialog, named for tests and finding.
 QPushButton* commandButton(const QString& caption, const QString& name, QWidget* parent);
+// The caption of the cmdSendEmail buttons, ReservationCreer's.
+QString sendEmailCaption(const Texts& texts);
 // A date as the labels show it.
 QString dateLabel(QDate date);
 

@@ -125,10 +125,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
   email_ = new QLineEdit(this);
   email_->setObjectName(QStringLiteral("Email"));
   email_->setMaxLength(kEmailLength);
-  connect(email_, &QLineEdit::textEdited, this, [this](const QString& text) {
-    p_.Email_Change(text);
-    sendEmail_->setEnabled(p_.sendEmailEnabled());
-  });
+  connect(email_, &QLineEdit::textEdited, this, [this](const QString& text) { p_.Email_Change(text); });
   howMany_ = new QLineEdit(this);
   howMany_->setObjectName(QStringLiteral("HowMany"));
   howMany_->setMaxLength(5);
@@ -223,6 +220,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
   agentList_->setEnabled(p_.listsEnabled());
   blackList_->setEnabled(p_.blackListEnabled());
   holes_->setEnabled(p_.holesEnabled());
+  sendEmail_->setEnabled(p_.sendEmailEnabled());
 }
 
 void ReservationCreerDialog::showLists() {
@@ -249,7 +247,6 @@ void ReservationCreerDialog::showFields() {
   nbAvailable_->setText(p_.NbAvailable);
   optAgent_->setChecked(p_.optAgent);
   optCustomer_->setChecked(!p_.optAgent);
-  sendEmail_->setEnabled(p_.sendEmailEnabled());
   showing_ = false;
 }
 

@@ -79,6 +79,10 @@ ReservationDialog::ReservationDialog(ReservationPresenter& presenter, BookingCon
   add(txt::ModifSearch, "Search", [this] { p_.Search_Click(); }, p_.searchEnabled());
   add(txt::ModifBlackList, "BlackList", [this] { p_.BlackList_Click(); }, p_.blackListEnabled());
   add(txt::ModifPutBlackList, "PutBlackList", [this] { p_.PutBlackList_Click(); }, p_.putBlackListEnabled());
+  auto* mail = commandButton(sendEmailCaption(texts), QStringLiteral("cmdSendEmail"), this);
+  mail->setEnabled(p_.sendEmailEnabled());
+  connect(mail, &QPushButton::clicked, this, [this] { p_.cmdSendEmail_Click(); });
+  buttons->addWidget(mail);
   auto* group = commandButton(p_.cmdGroupCaption, QStringLiteral("cmdGroup"), this);
   connect(group, &QPushButton::clicked, this, [this] { p_.cmdGroup_Click(); });
   buttons->addWidget(group);

@@ -182,8 +182,13 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   CdInvoice = new QPushButton(buttons[3], this);
   CmdExit = new QPushButton(buttons[4], this);
   CdInvoice->setEnabled(presenter_.invoiceEnabled());
+  // Mail to the text of Email as it stands; ReservationCreer's caption.
+  cmdSendEmail = new QPushButton(texts.list(txt::CreerButtons, 7).value(4), this);
+  cmdSendEmail->setObjectName(QStringLiteral("cmdSendEmail"));
+  cmdSendEmail->setEnabled(bool(ctx.windows.sendEmail));
   auto* commands = new QHBoxLayout;
   for (QPushButton* b : {ModifyGroup, DeleteGroup, SplitGroup, CdInvoice}) commands->addWidget(b);
+  commands->addWidget(cmdSendEmail);
   commands->addStretch();
   commands->addWidget(CmdExit);
 
@@ -240,6 +245,9 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   connect(DeleteGroup, &QPushButton::clicked, this, [this] { presenter_.DeleteGroup_Click(); });
   connect(SplitGroup, &QPushButton::clicked, this, [this] { presenter_.SplitGroup_Click(); });
   connect(CdInvoice, &QPushButton::clicked, this, [this] { presenter_.CdInvoice_Click(); });
+  connect(cmdSendEmail, &QPushButton::clicked, this, [this, send = ctx.windows.sendEmail] {
+    if (send) send(Email->text());
+  });
   connect(CmdExit, &QPushButton::clicked, this, [this] { exit(); });
 }
 

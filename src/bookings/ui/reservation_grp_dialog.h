@@ -64,6 +64,7 @@ class ReservationGrpDialog final : public QDialog {
   QPushButton* DeleteGroup = nullptr;
   QPushButton* SplitGroup = nullptr;
   QPushButton* CdInvoice = nullptr;
+  QPushButton* cmdSendEmail = nullptr;
   QPushButton* CmdExit = nullptr;
 
   // Shows the presenter's fields again.

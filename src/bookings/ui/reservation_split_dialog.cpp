@@ -92,6 +92,7 @@ ReservationSplitDialog::ReservationSplitDialog(ReservationSplitPresenter& presen
   add(texts.get(txt::ModifBlackList), "BlackList", [this] { p_.BlackList_Click(); }, p_.blackListEnabled());
   add(texts.get(txt::ModifPutBlackList), "PutBlackList", [this] { p_.PutBlackList_Click(); },
       p_.putBlackListEnabled());
+  add(sendEmailCaption(texts), "cmdSendEmail", [this] { p_.cmdSendEmail_Click(); }, p_.sendEmailEnabled());
   add(p_.cmdGroupCaption, "cmdGroup", [this] { p_.cmdGroup_Click(); });
   add(texts.get(txt::ModifInvoice), "CdInvoice", [this] { p_.CdInvoice_Click(); }, p_.invoiceEnabled());
   add(texts.get(txt::ModifCancel), "Annuler", [this] { p_.Annuler_Click(); });
