@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollBar>
@@ -33,7 +32,7 @@ ManualControlPanel::ManualControlPanel(BoardWidget& board, ManualControl::Kind k
     walk_.Avant_Click();
     walk();
   });
-  connect(Sortir, &QPushButton::clicked, this, [this] { close(); });
+  connect(Sortir, &QPushButton::clicked, this, &QDialog::reject);
   // A scroll redraws the array: the marker keeps its place in it.
   connect(board_.HScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
   connect(board_.VScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
@@ -75,10 +74,10 @@ void ManualControlPanel::walk() {
   board_.update();
 }
 
-void ManualControlPanel::closeEvent(QCloseEvent* event) {
+void ManualControlPanel::done(int result) {
   walk_.Sortir_Click();
   board_.update();
-  QDialog::closeEvent(event);
+  QDialog::done(result);
 }
 
 ManualControlPanel* ManualControlPanel::ResourceControl(BoardWidget& board, const Texts& texts,
