@@ -95,12 +95,14 @@ void BoardWidget::Dessiner_Ecran() {
   const int days = drawing_.daysVersion, resources = drawing_.resourcesVersion;
   drawing_.Dessiner_Ecran();
   repaintMoved(days, resources);
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::Redraw(const QString& what) {
   const int days = drawing_.daysVersion, resources = drawing_.resourcesVersion;
   drawing_.Redraw(what);
   repaintMoved(days, resources);
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::eraseBoard() {
@@ -110,6 +112,7 @@ void BoardWidget::eraseBoard() {
   vScroll_->setRange(0, 0);
   settingBars_ = false;
   update();
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::RestoreDayColor() {

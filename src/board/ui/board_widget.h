@@ -63,6 +63,8 @@ class BoardWidget : public QWidget {
   void resourcePressed(int row, Qt::MouseButton button, QPoint globalPos);
   void labelPressed(int index, Qt::MouseButton button, QPoint globalPos);
   void firstFocus();
+  // The labels or resource cells were drawn again (or erased).
+  void bookingsRedrawn();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -4,7 +4,6 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "board_widget.h"
@@ -33,9 +32,11 @@ ManualControlPanel::ManualControlPanel(BoardWidget& board, ManualControl::Kind k
     walk();
   });
   connect(Sortir, &QPushButton::clicked, this, &QDialog::reject);
-  // A scroll redraws the array: the marker keeps its place in it.
-  connect(board_.HScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
-  connect(board_.VScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
+  // Whatever redrew the board (a scroll, a drop, a dialog, the refresh), the
+  // marker keeps its place in the array drawn anew.
+  connect(&board_, &BoardWidget::bookingsRedrawn, this, [this] {
+    if (!closed_) walk();
+  });
 }
 
 QPushButton* ManualControlPanel::addAction(const QString& caption, bool needsItem, std::function<void()> run,
@@ -75,6 +76,8 @@ void ManualControlPanel::walk() {
 }
 
 void ManualControlPanel::done(int result) {
+  // Deletion comes later: a redraw meanwhile must not bring the marker back.
+  closed_ = true;
   walk_.Sortir_Click();
   board_.update();
   QDialog::done(result);

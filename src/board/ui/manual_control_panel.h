@@ -60,6 +60,7 @@ class ManualControlPanel final : public QDialog {
   BoardWidget& board_;
   ManualControl walk_;
   std::vector<QPushButton*> itemButtons_;
+  bool closed_ = false;
 };
 
 }  // namespace ksv
