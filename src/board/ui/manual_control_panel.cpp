@@ -46,7 +46,10 @@ QPushButton* ManualControlPanel::addAction(const QString& caption, bool needsIte
   if (needsItem) itemButtons_.push_back(button);
   button->setProperty("available", available);
   connect(button, &QPushButton::clicked, this, [this, run = std::move(run)] {
-    run();
+    {
+      const BoardWidget::RefreshHold hold(board_);
+      run();
+    }
     walk();
   });
   return button;
