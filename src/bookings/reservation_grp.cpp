@@ -47,10 +47,9 @@ void ReservationGrpPresenter::Form_Activate() {
   BookingRecords& b = ctx_.records;
   if (b.GroupNb_L != 0) {
     openHeader();
-    // A number whose header row is gone: the clicked member carries it and a
-    // header is written again from that member.
+    // A number whose header row is gone, at any activation: the clicked
+    // member carries it and a header is written again from that member.
     if (header_.recordCount() == 0) {
-      if (!firstActivation_) return;  // the group was dissolved meanwhile
       b.MAJ_Reservation();
       newHeader();
     }

@@ -123,7 +123,7 @@ class ReservationGrpPresenter {
   std::vector<int> memberRow_;  // Customer line -> position in members_ (1 = first)
   int part2Row_ = 0;            // position in members_ of the selected member's part 2; 0 none
   QString keptName_;
-  bool firstActivation_ = true;
+  bool firstActivation_ = true;  // the calendars take the header's dates only then
   bool changed_ = false;
   bool groupNew_ = false;
   bool membership_ = false;

@@ -127,9 +127,20 @@ TEST_F(ReservationGrpTest, AHeaderThatIsGoneIsWrittenAgainFromTheClickedMember) 
   EXPECT_EQ(stored(head, "Nom"), "Durand");
   EXPECT_EQ(stored(head, "Couleur"), "4");
   EXPECT_EQ(g.Customer, QStringList{"Durand"});
-  // Not new: leaving asks nothing and keeps it.
+
+  // Lost again behind the open dialog: the next activation writes it again,
+  // and the period the user chose stays.
+  plan.db().execute("DELETE FROM Reservation WHERE GroupId = 'L'");
+  g.CalF_DateClicked(jul(6));
+  ASSERT_EQ(headers(), 1);
+  EXPECT_EQ(plan.db().scalar("SELECT GroupNb FROM Reservation WHERE GroupId = 'L'").toInt(), 3);
+  EXPECT_EQ(g.CalF, jul(6));
+  EXPECT_EQ(g.CalT, jul(9));
+  EXPECT_EQ(g.Customer, QStringList{"Durand"});
+  // Not new: leaving asks only about the changed period, and keeps the group.
+  messages.answer(MsgAnswer::No);
   EXPECT_TRUE(g.CmdExit_Click());
-  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(messages.texts(), QStringList{"Do you want to modify the group before leaving  ?"});
   EXPECT_EQ(headers(), 1);
 }
 
