@@ -258,16 +258,6 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
   }
   const bool moveDates = !disagree || m.askYesNo(t.get(txt::GrpDatesDiffer), MsgAnswer::No);
 
-  // A part cannot be stretched over its partner: its cut day stays. Each such
-  // row is told before anything is written, so that no box waits inside the write.
-  std::vector<bool> stuck;
-  for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) {
-    const QString split = textOf(members_, "Split");
-    stuck.push_back(moveDates && ((split == QLatin1String("1") && CalF >= dateOf(members_, "Date_Fin")) ||
-                                  (split == QLatin1String("2") && dateOf(members_, "Date_Deb") >= CalT)));
-    if (stuck.back()) m.exclamation(t.get(txt::GrpSplitDatesKept));
-  }
-
   Transaction transaction(ctx_.db);
   // The header keeps the dates it was created with.
   header_.setField(QStringLiteral("Nom"), Nom);
@@ -278,14 +268,20 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
   if (!InvNb.trimmed().isEmpty()) header_.setField(QStringLiteral("InvNb"), val(InvNb));
   header_.update();
 
-  std::size_t row = 0;
-  for (members_.moveFirst(); !members_.isEOF(); members_.moveNext(), ++row) {
+  for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) {
     const QString split = textOf(members_, "Split");
-    if (moveDates && !stuck[row]) {
-      if (split == QLatin1String("0") || split == QLatin1String("1"))
-        members_.setField(QStringLiteral("Date_Deb"), CalF);
-      if (split == QLatin1String("0") || split == QLatin1String("2"))
-        members_.setField(QStringLiteral("Date_Fin"), CalT);
+    if (moveDates) {
+      // A part cannot be stretched over its partner: its cut day stays.
+      const bool stuck = (split == QLatin1String("1") && CalF >= dateOf(members_, "Date_Fin")) ||
+                         (split == QLatin1String("2") && dateOf(members_, "Date_Deb") >= CalT);
+      if (stuck) {
+        m.exclamation(t.get(txt::GrpSplitDatesKept));
+      } else {
+        if (split == QLatin1String("0") || split == QLatin1String("1"))
+          members_.setField(QStringLiteral("Date_Deb"), CalF);
+        if (split == QLatin1String("0") || split == QLatin1String("2"))
+          members_.setField(QStringLiteral("Date_Fin"), CalT);
+      }
     }
     members_.setField(QStringLiteral("Couleur"), nomTag);
     members_.setField(QStringLiteral("Blocage"), Bloc);

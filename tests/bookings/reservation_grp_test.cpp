@@ -308,8 +308,14 @@ TEST_F(ReservationGrpTest, ModifyingMovesTheMembersButNotAPartOverItsCut) {
   g.Nom = "Agence Nord";
   g.Remarque = "Coach";
 
+  // The header is written first; each split row is told as the walk meets it.
+  QStringList headerWhenTold;
+  messages.onShow = [&](const ShownMessage& m) {
+    if (m.icon == MsgIcon::Exclamation) headerWhenTold << stored(head, "Nom");
+  };
   messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(g.ModifyGroup_Click());
+  EXPECT_EQ(headerWhenTold, (QStringList{"Agence Nord", "Agence Nord"}));
   ASSERT_EQ(messages.shown().size(), 3u);
   EXPECT_EQ(messages.shown()[0].text,
             "The dates of this group don't correspond to the one of some bookings.\r\n"
