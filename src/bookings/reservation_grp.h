@@ -114,8 +114,15 @@ class ReservationGrpPresenter {
                       QDate last);
   int partTwoOf(const QString& nom, QDate dtTo);
   void deleteInvoice(const QString& invNb);
+  void deleteGroup();
+  void splitGroup();
   void redrawAndClose();
   void writeMemberText(const char* column, const QString& text);
+  // Runs a command that writes; a write the store refuses is told, undone,
+  // and the recordsets are read again. False when it was refused.
+  template <typename Command>
+  bool guarded(Command&& command);
+  void rereadAfterError();
 
   BookingContext& ctx_;
   Regional regional_;

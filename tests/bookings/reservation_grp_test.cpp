@@ -377,6 +377,42 @@ TEST_F(ReservationGrpTest, ModifyRefusesAnEmptyPeriodOrName) {
   EXPECT_EQ(closes, 0);
 }
 
+TEST_F(ReservationGrpTest, AWriteTheStoreRefusesIsToldAndLeavesNothingHalfWritten) {
+  const qint64 head = header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  const qint64 colin = booking("102", jul(3), jul(12), "Colin", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+
+  // A name longer than the column.
+  g.Customer_Change(QString(26, QLatin1Char('x')));
+  EXPECT_NO_THROW(g.Customer_LostFocus());
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().icon, MsgIcon::Critical);
+  EXPECT_EQ(stored(whole, "Nom"), "Bernard");
+  EXPECT_EQ(g.Customer, (QStringList{"Bernard", "Colin"}));
+
+  // One member refused after the header was written: nothing stays.
+  plan.db().execute("CREATE TEMP TRIGGER refuse BEFORE UPDATE ON Reservation WHEN OLD.Nom = 'Colin' "
+                    "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  const QString colour = stored(whole, "Couleur");
+  ASSERT_NE(colour, "3");
+  g.Nom = "Agence Nord";
+  g.Def_Cl_Click(3);
+  bool written = true;
+  EXPECT_NO_THROW(written = g.ModifyGroup_Click());
+  EXPECT_FALSE(written);
+  EXPECT_EQ(messages.shown().size(), 2u);
+  EXPECT_EQ(stored(head, "Nom"), "Agence Sud");
+  EXPECT_EQ(stored(whole, "Couleur"), colour);
+  EXPECT_EQ(closes, 0);
+
+  // Nothing is left pending: once the store accepts, the same command goes through.
+  plan.db().execute("DROP TRIGGER refuse");
+  EXPECT_TRUE(g.ModifyGroup_Click());
+  EXPECT_EQ(stored(head, "Nom"), "Agence Nord");
+  EXPECT_EQ(stored(colin, "Couleur"), "3");
+}
+
 TEST_F(ReservationGrpTest, LeavingWithChangesAsksToModifyFirst) {
   header(5, jul(3), jul(12), "Agence Sud");
   const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
