@@ -364,7 +364,7 @@ TEST_F(ReservationGrpTest, ModifyRefusesAnEmptyPeriodOrName) {
   ReservationGrpPresenter& g = open(whole);
   int focused = 0;
   g.focusNom = [&] { ++focused; };
-  g.Nom = "";
+  g.Nom = "   ";
   EXPECT_FALSE(g.ModifyGroup_Click());
   EXPECT_EQ(messages.last().text, "The customer name cannot be empty");
   EXPECT_EQ(focused, 1);
