@@ -22,6 +22,11 @@ QtSessionView::QtSessionView(MainWindow& window, Messages& messages, const Texts
   });
 }
 
+void QtSessionView::setBoard(BoardWidget* board) {
+  board_ = board;
+  if (board_) board_->setRefreshHold([this] { holdRefresh(); }, [this] { releaseRefresh(); });
+}
+
 void QtSessionView::setCaption(const QString& caption) { window_.setWindowTitle(caption); }
 void QtSessionView::applyMenus() { window_.applyMenus(); }
 
@@ -50,7 +55,7 @@ void QtSessionView::Dessiner_Ecran() {
   } else {
     window_.centralWidget()->update();
   }
-  if (session_ && session_->refreshWanted()) refresh_.start(session_->refreshInterval());
+  if (refreshHolds_ == 0 && session_ && session_->refreshWanted()) refresh_.start(session_->refreshInterval());
 }
 
 void QtSessionView::eraseBoard() {
@@ -103,7 +108,18 @@ void QtSessionView::showUsers(int rosterMessage) {
 bool QtSessionView::passWord(const QString& expected) { return PassWordDialog::ask(expected, texts_, &window_); }
 
 void QtSessionView::stopRefreshTimer() { refresh_.stop(); }
-void QtSessionView::startRefreshTimer(int milliseconds) { refresh_.start(milliseconds); }
+void QtSessionView::startRefreshTimer(int milliseconds) {
+  if (refreshHolds_ == 0) refresh_.start(milliseconds);
+}
+
+void QtSessionView::holdRefresh() {
+  if (refreshHolds_++ == 0) refresh_.stop();
+}
+
+void QtSessionView::releaseRefresh() {
+  if (refreshHolds_ > 0 && --refreshHolds_ == 0 && session_ && session_->refreshWanted())
+    refresh_.start(session_->refreshInterval());
+}
 void QtSessionView::closeWindow() { window_.close(); }
 
 bool capsLockOn() {

@@ -19,8 +19,8 @@ class QtSessionView final : public SessionView {
  public:
   QtSessionView(MainWindow& window, Messages& messages, const Texts& texts);
   void attach(PlanningSession* session) { session_ = session; }
-  // The board that draws the open planning.
-  void setBoard(BoardWidget* board) { board_ = board; }
+  // The board that draws the open planning; its handlers hold the refresh here.
+  void setBoard(BoardWidget* board);
 
   void setCaption(const QString& caption) override;
   void applyMenus() override;
@@ -38,6 +38,12 @@ class QtSessionView final : public SessionView {
   void startRefreshTimer(int milliseconds) override;
   void closeWindow() override;
 
+  // The board's handlers hold the refresh timer while they work; holds nest,
+  // and neither a redraw nor a start inside one lets the timer run.
+  void holdRefresh();
+  void releaseRefresh();
+  bool refreshActive() const { return refresh_.isActive(); }
+
  private:
   QString filter() const;
   MainWindow& window_;
@@ -47,6 +53,7 @@ class QtSessionView final : public SessionView {
   BoardWidget* board_ = nullptr;
   QTimer refresh_;
   int hourglassDepth_ = 0;
+  int refreshHolds_ = 0;
 };
 
 // Caps Lock as the keyboard's LED tells it; off when no LED can be read.

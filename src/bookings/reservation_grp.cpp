@@ -1,6 +1,7 @@
 #include "reservation_grp.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "booking_form.h"
 #include "config/loaded_options.h"
@@ -26,6 +27,20 @@ QDate dateOf(const Recordset& r, const char* name) { return dayOf(r.field(QStrin
 // A whole booking or a first part: what the members list shows.
 bool listedMember(const QString& split) { return split < QLatin1String("2"); }
 
+// One transaction for a command's rows, unless a caller already holds one.
+class CommandTransaction {
+ public:
+  explicit CommandTransaction(Database& db) {
+    if (!db.inTransaction()) transaction_.emplace(db);
+  }
+  void commit() {
+    if (transaction_) transaction_->commit();
+  }
+
+ private:
+  std::optional<Transaction> transaction_;
+};
+
 }  // namespace
 
 QString possibleUserLine(const QString& nom, const QString& resource, QDate first, QDate last,
@@ -43,40 +58,84 @@ ReservationGrpPresenter::~ReservationGrpPresenter() {
   possible_.close();
 }
 
+template <typename Command>
+bool ReservationGrpPresenter::guarded(Command&& command) {
+  try {
+    command();
+    return true;
+  } catch (const StorageError& e) {
+    // A refused value leaves its edit pending; the next move would try it again.
+    for (Recordset* r : {&header_, &members_, &possible_, &ctx_.objects.Reservation, &ctx_.objects.DataBaseInfo})
+      if (r->isOpen() && r->isEditing()) r->cancelUpdate();
+    ctx_.messages.critical(QString::fromUtf8(e.what()));
+    rereadAfterError();
+    return false;
+  }
+}
+
+void ReservationGrpPresenter::rereadAfterError() {
+  // The transaction rolled back: the snapshots may hold what was not kept.
+  // What the user typed in the header's fields stays for another try.
+  try {
+    openHeader();
+    if (header_.recordCount() > 0) {
+      optAgent = textOf(header_, "GroupId") == QLatin1String("A");
+      fillMembers(customerIndex);
+      fillPossible();
+    }
+  } catch (const StorageError&) {
+    // The store is still refusing; the user has been told already.
+  }
+  keptName_.clear();
+  if (refreshed) refreshed();
+}
+
 void ReservationGrpPresenter::Form_Activate() {
   BookingRecords& b = ctx_.records;
-  if (b.GroupNb_L != 0) {
-    openHeader();
-    // A number whose header row is gone: the clicked member carries it and a
-    // header is written again from that member.
-    if (header_.recordCount() == 0) {
-      if (!firstActivation_) return;  // the group was dissolved meanwhile
+  const qint16 number = b.GroupNb_L;
+  const bool wasNew = groupNew_;
+  bool written = false;
+  guarded([&] {
+    CommandTransaction transaction(ctx_.db);
+    if (b.GroupNb_L != 0) {
+      openHeader();
+      // A number whose header row is gone, at any activation: the clicked
+      // member carries it and a header is written again from that member.
+      if (header_.recordCount() == 0) {
+        b.MAJ_Reservation();
+        newHeader();
+      }
+    } else {
+      groupNew_ = true;
+      // Numbers are never reused: the counter only grows.
+      Recordset& info = ctx_.objects.DataBaseInfo;
+      info.requery();
+      info.moveFirst();
+      const int next = info.field(QStringLiteral("MaxGroupNb")).toInt() + 1;
+      info.setField(QStringLiteral("MaxGroupNb"), next);
+      info.update();
+      b.GroupNb_L = qint16(next);
       b.MAJ_Reservation();
+      if (b.Split_L != QLatin1String("0"))
+        groupOtherPart(b.Nom_L, b.Color_L, b.GroupId_L, b.Split_L, b.DD_L, b.DF_L);
       newHeader();
     }
-  } else {
-    groupNew_ = true;
-    // Numbers are never reused: the counter only grows.
-    Recordset& info = ctx_.objects.DataBaseInfo;
-    info.requery();
-    info.moveFirst();
-    const int next = info.field(QStringLiteral("MaxGroupNb")).toInt() + 1;
-    info.setField(QStringLiteral("MaxGroupNb"), next);
-    info.update();
-    b.GroupNb_L = qint16(next);
-    b.MAJ_Reservation();
-    if (b.Split_L != QLatin1String("0"))
-      groupOtherPart(b.Nom_L, b.Color_L, b.GroupId_L, b.Split_L, b.DD_L, b.DF_L);
-    newHeader();
-  }
-  if (header_.recordCount() == 0) return;
+    transaction.commit();
+    written = true;
+    if (header_.recordCount() == 0) return;
 
-  fillFromHeader();
-  fillMembers(0);
-  setBounds();
-  fillPossible();
-  firstActivation_ = false;
-  if (refreshed) refreshed();
+    fillFromHeader();
+    fillMembers(0);
+    setBounds();
+    fillPossible();
+    firstActivation_ = false;
+    if (refreshed) refreshed();
+  });
+  // Nothing was kept: the buffer goes back to the number it came with.
+  if (!written) {
+    b.GroupNb_L = number;
+    groupNew_ = wasNew;
+  }
 }
 
 void ReservationGrpPresenter::openHeader() {
@@ -210,15 +269,19 @@ void ReservationGrpPresenter::Def_Cl_Click(int index) {
 void ReservationGrpPresenter::optCustomer_Click() {
   optAgent = false;
   if (header_.recordCount() == 0) return;
-  header_.setField(QStringLiteral("GroupId"), QStringLiteral("L"));
-  header_.update();
+  guarded([&] {
+    header_.setField(QStringLiteral("GroupId"), QStringLiteral("L"));
+    header_.update();
+  });
 }
 
 void ReservationGrpPresenter::optAgent_Click() {
   optAgent = true;
   if (header_.recordCount() == 0) return;
-  header_.setField(QStringLiteral("GroupId"), QStringLiteral("A"));
-  header_.update();
+  guarded([&] {
+    header_.setField(QStringLiteral("GroupId"), QStringLiteral("A"));
+    header_.update();
+  });
 }
 
 void ReservationGrpPresenter::CalF_DateClicked(QDate date) {
@@ -249,50 +312,49 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
   }
   if (header_.recordCount() == 0) return false;
 
-  members_.requery();
-  bool disagree = false;
-  for (members_.moveFirst(); !members_.isEOF() && !disagree; members_.moveNext()) {
-    const QString split = textOf(members_, "Split");
-    const QDate first = dateOf(members_, "Date_Deb"), last = dateOf(members_, "Date_Fin");
-    disagree = (split == QLatin1String("0") && (first != CalF || last != CalT)) ||
-               (split == QLatin1String("1") && first != CalF) || (split == QLatin1String("2") && last != CalT);
-  }
-  const bool moveDates = !disagree || m.askYesNo(t.get(txt::GrpDatesDiffer), MsgAnswer::No);
-
-  // A part cannot be stretched over its partner: its cut day stays. Each such
-  // row is told before anything is written, so that no box waits inside the write.
-  std::vector<bool> stuck;
-  for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) {
-    const QString split = textOf(members_, "Split");
-    stuck.push_back(moveDates && ((split == QLatin1String("1") && CalF >= dateOf(members_, "Date_Fin")) ||
-                                  (split == QLatin1String("2") && dateOf(members_, "Date_Deb") >= CalT)));
-    if (stuck.back()) m.exclamation(t.get(txt::GrpSplitDatesKept));
-  }
-
-  Transaction transaction(ctx_.db);
-  // The header keeps the dates it was created with.
-  header_.setField(QStringLiteral("Nom"), Nom);
-  header_.setField(QStringLiteral("Couleur"), nomTag);
-  header_.setField(QStringLiteral("HowMany"), HowMany);
-  header_.setField(QStringLiteral("Remarque"), Remarque);
-  header_.setField(QStringLiteral("Email"), Email);
-  if (!InvNb.trimmed().isEmpty()) header_.setField(QStringLiteral("InvNb"), val(InvNb));
-  header_.update();
-
-  std::size_t row = 0;
-  for (members_.moveFirst(); !members_.isEOF(); members_.moveNext(), ++row) {
-    const QString split = textOf(members_, "Split");
-    if (moveDates && !stuck[row]) {
-      if (split == QLatin1String("0") || split == QLatin1String("1"))
-        members_.setField(QStringLiteral("Date_Deb"), CalF);
-      if (split == QLatin1String("0") || split == QLatin1String("2"))
-        members_.setField(QStringLiteral("Date_Fin"), CalT);
+  const bool written = guarded([&] {
+    members_.requery();
+    bool disagree = false;
+    for (members_.moveFirst(); !members_.isEOF() && !disagree; members_.moveNext()) {
+      const QString split = textOf(members_, "Split");
+      const QDate first = dateOf(members_, "Date_Deb"), last = dateOf(members_, "Date_Fin");
+      disagree = (split == QLatin1String("0") && (first != CalF || last != CalT)) ||
+                 (split == QLatin1String("1") && first != CalF) || (split == QLatin1String("2") && last != CalT);
     }
-    members_.setField(QStringLiteral("Couleur"), nomTag);
-    members_.setField(QStringLiteral("Blocage"), Bloc);
-    members_.update();
-  }
-  transaction.commit();
+    const bool moveDates = !disagree || m.askYesNo(t.get(txt::GrpDatesDiffer), MsgAnswer::No);
+
+    Transaction transaction(ctx_.db);
+    // The header keeps the dates it was created with.
+    header_.setField(QStringLiteral("Nom"), Nom);
+    header_.setField(QStringLiteral("Couleur"), nomTag);
+    header_.setField(QStringLiteral("HowMany"), HowMany);
+    header_.setField(QStringLiteral("Remarque"), Remarque);
+    header_.setField(QStringLiteral("Email"), Email);
+    if (!InvNb.trimmed().isEmpty()) header_.setField(QStringLiteral("InvNb"), val(InvNb));
+    header_.update();
+
+    for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) {
+      const QString split = textOf(members_, "Split");
+      if (moveDates) {
+        // A part cannot be stretched over its partner: its cut day stays.
+        const bool stuck = (split == QLatin1String("1") && CalF >= dateOf(members_, "Date_Fin")) ||
+                           (split == QLatin1String("2") && dateOf(members_, "Date_Deb") >= CalT);
+        if (stuck) {
+          m.exclamation(t.get(txt::GrpSplitDatesKept));
+        } else {
+          if (split == QLatin1String("0") || split == QLatin1String("1"))
+            members_.setField(QStringLiteral("Date_Deb"), CalF);
+          if (split == QLatin1String("0") || split == QLatin1String("2"))
+            members_.setField(QStringLiteral("Date_Fin"), CalT);
+        }
+      }
+      members_.setField(QStringLiteral("Couleur"), nomTag);
+      members_.setField(QStringLiteral("Blocage"), Bloc);
+      members_.update();
+    }
+    transaction.commit();
+  });
+  if (!written) return false;
   changed_ = false;
   if (!silent) redrawAndClose();
   return true;
@@ -309,6 +371,12 @@ void ReservationGrpPresenter::deleteInvoice(const QString& invNb) {
 bool ReservationGrpPresenter::DeleteGroup_Click() {
   if (!ctx_.messages.askYesNo(ctx_.texts.get(txt::GrpDeleteQuestion), MsgAnswer::No, MsgIcon::Critical))
     return false;
+  if (!guarded([this] { deleteGroup(); })) return false;
+  redrawAndClose();
+  return true;
+}
+
+void ReservationGrpPresenter::deleteGroup() {
   members_.requery();
   if (header_.recordCount() > 0) deleteInvoice(textOf(header_, "InvNb"));
   for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) deleteInvoice(textOf(members_, "InvNb"));
@@ -317,14 +385,18 @@ bool ReservationGrpPresenter::DeleteGroup_Click() {
   if (header_.recordCount() > 0) header_.deleteRecord();
   for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) members_.deleteRecord();
   transaction.commit();
-  redrawAndClose();
-  return true;
 }
 
 bool ReservationGrpPresenter::SplitGroup_Click(bool silent) {
   if (!silent &&
       !ctx_.messages.askYesNo(ctx_.texts.get(txt::GrpSplitQuestion), MsgAnswer::No, MsgIcon::Critical))
     return false;
+  if (!guarded([this] { splitGroup(); })) return false;
+  if (!silent) redrawAndClose();
+  return true;
+}
+
+void ReservationGrpPresenter::splitGroup() {
   // Only the group's own invoice goes; the members keep theirs.
   if (header_.recordCount() > 0) deleteInvoice(textOf(header_, "InvNb"));
   members_.requery();
@@ -335,22 +407,24 @@ bool ReservationGrpPresenter::SplitGroup_Click(bool silent) {
     members_.update();
   }
   transaction.commit();
-  if (!silent) redrawAndClose();
-  return true;
 }
 
 void ReservationGrpPresenter::cmdAdd_Click() {
   membership_ = true;
   if (cboPossible.isEmpty() || possibleIndex < 0 || possibleIndex >= int(cboPossible.size())) return;
-  possible_.setAbsolutePosition(possibleIndex + 1);
-  const QString split = textOf(possible_, "Split");
-  const QString nom = textOf(possible_, "Nom"), groupId = textOf(possible_, "GroupId");
-  const int couleur = possible_.field(QStringLiteral("Couleur")).toInt();
-  const QDate first = dateOf(possible_, "Date_Deb"), last = dateOf(possible_, "Date_Fin");
-  possible_.setField(QStringLiteral("GroupNb"), ctx_.records.GroupNb_L);
-  possible_.update();
-  if (split != QLatin1String("0")) groupOtherPart(nom, couleur, groupId, split, first, last);
-  Form_Activate();
+  const bool written = guarded([&] {
+    possible_.setAbsolutePosition(possibleIndex + 1);
+    const QString split = textOf(possible_, "Split");
+    const QString nom = textOf(possible_, "Nom"), groupId = textOf(possible_, "GroupId");
+    const int couleur = possible_.field(QStringLiteral("Couleur")).toInt();
+    const QDate first = dateOf(possible_, "Date_Deb"), last = dateOf(possible_, "Date_Fin");
+    Transaction transaction(ctx_.db);
+    possible_.setField(QStringLiteral("GroupNb"), ctx_.records.GroupNb_L);
+    possible_.update();
+    if (split != QLatin1String("0")) groupOtherPart(nom, couleur, groupId, split, first, last);
+    transaction.commit();
+  });
+  if (written) Form_Activate();
 }
 
 int ReservationGrpPresenter::partTwoOf(const QString& nom, QDate dtTo) {
@@ -364,19 +438,23 @@ int ReservationGrpPresenter::partTwoOf(const QString& nom, QDate dtTo) {
 void ReservationGrpPresenter::cmdRemove_Click() {
   membership_ = true;
   if (customerIndex < 0 || customerIndex >= int(memberRow_.size())) return;
-  members_.setAbsolutePosition(memberRow_[std::size_t(customerIndex)]);
-  const QString split = textOf(members_, "Split"), nom = textOf(members_, "Nom");
-  const QDate last = dateOf(members_, "Date_Fin");
-  members_.setField(QStringLiteral("GroupNb"), 0);
-  members_.update();
-  if (split != QLatin1String("0")) {
-    if (const int second = partTwoOf(nom, last)) {
-      members_.setAbsolutePosition(second);
-      members_.setField(QStringLiteral("GroupNb"), 0);
-      members_.update();
+  const bool written = guarded([&] {
+    members_.setAbsolutePosition(memberRow_[std::size_t(customerIndex)]);
+    const QString split = textOf(members_, "Split"), nom = textOf(members_, "Nom");
+    const QDate last = dateOf(members_, "Date_Fin");
+    Transaction transaction(ctx_.db);
+    members_.setField(QStringLiteral("GroupNb"), 0);
+    members_.update();
+    if (split != QLatin1String("0")) {
+      if (const int second = partTwoOf(nom, last)) {
+        members_.setAbsolutePosition(second);
+        members_.setField(QStringLiteral("GroupNb"), 0);
+        members_.update();
+      }
     }
-  }
-  Form_Activate();
+    transaction.commit();
+  });
+  if (written) Form_Activate();
 }
 
 void ReservationGrpPresenter::Customer_Click(int index) {
@@ -425,6 +503,7 @@ void ReservationGrpPresenter::writeMemberText(const char* column, const QString&
   const QString name = QString::fromLatin1(column);
   members_.setAbsolutePosition(memberRow_[std::size_t(customerIndex)]);
   const QString split = textOf(members_, "Split");
+  Transaction transaction(ctx_.db);
   if (listedMember(split)) {
     members_.setField(name, text);
     members_.update();
@@ -435,13 +514,15 @@ void ReservationGrpPresenter::writeMemberText(const char* column, const QString&
     members_.setField(name, text);
     members_.update();
   }
+  transaction.commit();
 }
 
 void ReservationGrpPresenter::Customer_LostFocus() {
   if (keptName_.isEmpty() || customerIndex < 0) return;
   const int selected = customerIndex;
-  writeMemberText("Nom", keptName_);
+  const QString name = keptName_;
   keptName_.clear();
+  if (!guarded([&] { writeMemberText("Nom", name); })) return;
   fillMembers(selected);
   if (refreshed) refreshed();
 }
@@ -449,7 +530,7 @@ void ReservationGrpPresenter::Customer_LostFocus() {
 void ReservationGrpPresenter::Remark_LostFocus() {
   if (Remark.isEmpty() || customerIndex < 0) return;
   const int selected = customerIndex;
-  writeMemberText("Remarque", Remark.left(250));
+  if (!guarded([&] { writeMemberText("Remarque", Remark.left(250)); })) return;
   fillMembers(selected);
   if (refreshed) refreshed();
 }
@@ -477,7 +558,11 @@ bool ReservationGrpPresenter::CmdExit_Click() {
   if (groupNew_ && !membership_) {
     const MsgAnswer a = m.askYesNoCancel(ctx_.texts.get(txt::GrpCreatedKeep), MsgAnswer::Cancel);
     if (a == MsgAnswer::Cancel) return false;
-    if (a == MsgAnswer::No) dissolved = SplitGroup_Click(true);
+    if (a == MsgAnswer::No) {
+      // A refused dissolution keeps the dialog open.
+      if (!SplitGroup_Click(true)) return false;
+      dissolved = true;
+    }
   }
   // A group just dissolved has nothing left to modify.
   if (changed_ && !dissolved) {

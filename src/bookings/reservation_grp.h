@@ -114,8 +114,15 @@ class ReservationGrpPresenter {
                       QDate last);
   int partTwoOf(const QString& nom, QDate dtTo);
   void deleteInvoice(const QString& invNb);
+  void deleteGroup();
+  void splitGroup();
   void redrawAndClose();
   void writeMemberText(const char* column, const QString& text);
+  // Runs a command that writes; a write the store refuses is told, undone,
+  // and the recordsets are read again. False when it was refused.
+  template <typename Command>
+  bool guarded(Command&& command);
+  void rereadAfterError();
 
   BookingContext& ctx_;
   Regional regional_;
@@ -123,7 +130,7 @@ class ReservationGrpPresenter {
   std::vector<int> memberRow_;  // Customer line -> position in members_ (1 = first)
   int part2Row_ = 0;            // position in members_ of the selected member's part 2; 0 none
   QString keptName_;
-  bool firstActivation_ = true;
+  bool firstActivation_ = true;  // the calendars take the header's dates only then
   bool changed_ = false;
   bool groupNew_ = false;
   bool membership_ = false;

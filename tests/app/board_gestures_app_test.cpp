@@ -2,6 +2,8 @@
 // dialogs get a context on that planning, and what they write reaches the file.
 #include <gtest/gtest.h>
 
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "board/board_dates.h"
@@ -112,5 +114,26 @@ TEST(BoardGesturesApp, EachGestureGivesTheDialogsAContextOverTheOpenPlanning) {
   EXPECT_EQ(session.connection()->db().scalar("SELECT Date_Fin FROM Reservation WHERE Nom = 'Durand'").toString().left(10),
             "2025-03-16");
   EXPECT_TRUE(messages.shown().empty());
+
+  // A station that refreshes: the timer is off while a strip's handler runs
+  // (a popup's nested loop included), even across a redraw, and on after.
+  ini.SetValue("Reservation", "RefreshScreen", "O");
+  session.Updating = "N";
+  view.Dessiner_Ecran();
+  ASSERT_TRUE(view.refreshActive());
+  std::vector<bool> during;
+  QObject::connect(board, &BoardWidget::dayPressed, [&] {
+    during.push_back(view.refreshActive());
+    view.Dessiner_Ecran();
+    during.push_back(view.refreshActive());
+  });
+  QTest::mousePress(board, Qt::RightButton, {}, board->pixels(frame.Jour(2)).center());
+  QTest::mouseRelease(board, Qt::RightButton, {}, board->pixels(frame.Jour(2)).center());
+  EXPECT_TRUE(view.refreshActive());
+  board->HScroll()->setValue(board->TodayOffset() + 3);
+  QObject::connect(board->HScroll(), &QScrollBar::valueChanged, [&] { during.push_back(view.refreshActive()); });
+  board->Today()->click();
+  EXPECT_EQ(during, (std::vector<bool>{false, false, false}));
+  EXPECT_TRUE(view.refreshActive());
   session.M_Close();
 }

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 
 #include "board/screen_description.h"
 #include "board/ui/board_widget.h"
@@ -126,6 +127,40 @@ TEST_F(ManualPanelTest, OpenHandsTheMarkedLabelOver) {
   b->actions[1]->click();
   EXPECT_EQ(opened, 1);
   EXPECT_EQ(b->walker().index(), 0);  // the walk starts again after opening
+
+  // Escape closes without a close event: the marker goes all the same.
+  b->show();
+  QTest::keyClick(b, Qt::Key_Escape);
+  EXPECT_FALSE(b->isVisible());
+  EXPECT_FALSE(drawing_.Repere.visible);
+  board.Dessiner_Ecran();
+  EXPECT_FALSE(drawing_.Repere.visible) << "a redraw before the panel is deleted";
+}
+
+TEST_F(ManualPanelTest, AnyRedrawMovesTheMarkerOntoTheLabelNowAtItsIndex) {
+  planning_.addResource("Room 1", 0, 1);
+  planning_.addResource("Room 2", 0, 3);
+  planning_.addBooking("Room 1", QDate(2025, 3, 5), QDate(2025, 3, 7), "Martin");
+  planning_.addBooking("Room 2", QDate(2025, 3, 5), QDate(2025, 3, 7), "Petit");
+  drawing_.setSession(&planning_.objects());
+  BoardWidget board(drawing_, options_, texts_);
+  board.Dessiner_Ecran();
+  QPointer<ManualControlPanel> b = ManualControlPanel::BookingControl(board, texts_, {[] {}, [](int) {}}, nullptr);
+  b->Avant->click();
+  const QString marked = drawing_.Repere.caption;
+
+  // A booking made elsewhere (a dialog, a drop, another station) and drawn.
+  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 4), "Abel");
+  board.Dessiner_Ecran();
+  ASSERT_EQ(drawing_.LabCount, 3);
+  ASSERT_NE(drawing_.Lab[1].text, marked) << "the array must have moved under the marker";
+  EXPECT_EQ(b->walker().index(), 1);
+  EXPECT_EQ(drawing_.Repere.caption, drawing_.Lab[1].text);
+  EXPECT_EQ(drawing_.Repere.rect, drawing_.Lab[1].rect);
+
+  board.eraseBoard();
+  EXPECT_FALSE(drawing_.Repere.visible);
+  EXPECT_FALSE(b->Avant->isEnabled());
   b->close();
 }
 

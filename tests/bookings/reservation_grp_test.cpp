@@ -127,9 +127,20 @@ TEST_F(ReservationGrpTest, AHeaderThatIsGoneIsWrittenAgainFromTheClickedMember) 
   EXPECT_EQ(stored(head, "Nom"), "Durand");
   EXPECT_EQ(stored(head, "Couleur"), "4");
   EXPECT_EQ(g.Customer, QStringList{"Durand"});
-  // Not new: leaving asks nothing and keeps it.
+
+  // Lost again behind the open dialog: the next activation writes it again,
+  // and the period the user chose stays.
+  plan.db().execute("DELETE FROM Reservation WHERE GroupId = 'L'");
+  g.CalF_DateClicked(jul(6));
+  ASSERT_EQ(headers(), 1);
+  EXPECT_EQ(plan.db().scalar("SELECT GroupNb FROM Reservation WHERE GroupId = 'L'").toInt(), 3);
+  EXPECT_EQ(g.CalF, jul(6));
+  EXPECT_EQ(g.CalT, jul(9));
+  EXPECT_EQ(g.Customer, QStringList{"Durand"});
+  // Not new: leaving asks only about the changed period, and keeps the group.
+  messages.answer(MsgAnswer::No);
   EXPECT_TRUE(g.CmdExit_Click());
-  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(messages.texts(), QStringList{"Do you want to modify the group before leaving  ?"});
   EXPECT_EQ(headers(), 1);
 }
 
@@ -297,8 +308,14 @@ TEST_F(ReservationGrpTest, ModifyingMovesTheMembersButNotAPartOverItsCut) {
   g.Nom = "Agence Nord";
   g.Remarque = "Coach";
 
+  // The header is written first; each split row is told as the walk meets it.
+  QStringList headerWhenTold;
+  messages.onShow = [&](const ShownMessage& m) {
+    if (m.icon == MsgIcon::Exclamation) headerWhenTold << stored(head, "Nom");
+  };
   messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(g.ModifyGroup_Click());
+  EXPECT_EQ(headerWhenTold, (QStringList{"Agence Nord", "Agence Nord"}));
   ASSERT_EQ(messages.shown().size(), 3u);
   EXPECT_EQ(messages.shown()[0].text,
             "The dates of this group don't correspond to the one of some bookings.\r\n"
@@ -347,7 +364,7 @@ TEST_F(ReservationGrpTest, ModifyRefusesAnEmptyPeriodOrName) {
   ReservationGrpPresenter& g = open(whole);
   int focused = 0;
   g.focusNom = [&] { ++focused; };
-  g.Nom = "";
+  g.Nom = "   ";
   EXPECT_FALSE(g.ModifyGroup_Click());
   EXPECT_EQ(messages.last().text, "The customer name cannot be empty");
   EXPECT_EQ(focused, 1);
@@ -358,6 +375,42 @@ TEST_F(ReservationGrpTest, ModifyRefusesAnEmptyPeriodOrName) {
   EXPECT_EQ(messages.last().icon, MsgIcon::Information);
   EXPECT_EQ(stored(whole, "Date_Fin"), "2024-07-12");
   EXPECT_EQ(closes, 0);
+}
+
+TEST_F(ReservationGrpTest, AWriteTheStoreRefusesIsToldAndLeavesNothingHalfWritten) {
+  const qint64 head = header(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  const qint64 colin = booking("102", jul(3), jul(12), "Colin", {{"GroupNb", 5}});
+  ReservationGrpPresenter& g = open(whole);
+
+  // A name longer than the column.
+  g.Customer_Change(QString(26, QLatin1Char('x')));
+  EXPECT_NO_THROW(g.Customer_LostFocus());
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().icon, MsgIcon::Critical);
+  EXPECT_EQ(stored(whole, "Nom"), "Bernard");
+  EXPECT_EQ(g.Customer, (QStringList{"Bernard", "Colin"}));
+
+  // One member refused after the header was written: nothing stays.
+  plan.db().execute("CREATE TEMP TRIGGER refuse BEFORE UPDATE ON Reservation WHEN OLD.Nom = 'Colin' "
+                    "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  const QString colour = stored(whole, "Couleur");
+  ASSERT_NE(colour, "3");
+  g.Nom = "Agence Nord";
+  g.Def_Cl_Click(3);
+  bool written = true;
+  EXPECT_NO_THROW(written = g.ModifyGroup_Click());
+  EXPECT_FALSE(written);
+  EXPECT_EQ(messages.shown().size(), 2u);
+  EXPECT_EQ(stored(head, "Nom"), "Agence Sud");
+  EXPECT_EQ(stored(whole, "Couleur"), colour);
+  EXPECT_EQ(closes, 0);
+
+  // Nothing is left pending: once the store accepts, the same command goes through.
+  plan.db().execute("DROP TRIGGER refuse");
+  EXPECT_TRUE(g.ModifyGroup_Click());
+  EXPECT_EQ(stored(head, "Nom"), "Agence Nord");
+  EXPECT_EQ(stored(colin, "Couleur"), "3");
 }
 
 TEST_F(ReservationGrpTest, LeavingWithChangesAsksToModifyFirst) {

@@ -9,6 +9,7 @@ namespace ksv::test {
 MsgAnswer ScriptedMessages::show(const QString& text, MsgButtons buttons, MsgIcon icon,
                                  std::optional<MsgAnswer> preselected) {
   shown_.push_back({text, buttons, icon, preselected});
+  if (onShow) onShow(shown_.back());
   if (buttons == MsgButtons::Ok) return MsgAnswer::Ok;
   if (answers_.empty()) {
     ADD_FAILURE() << "Unscripted question: " << text.toStdString();

@@ -4,6 +4,7 @@
 // button, so an unexpected question never passes unnoticed.
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -29,6 +30,8 @@ class ScriptedMessages final : public Messages {
   const ShownMessage& last() const { return shown_.back(); }
   bool allAnswersUsed() const { return answers_.empty(); }
   void clear() { shown_.clear(); }
+  // Runs as each box comes up, while the code that shows it waits.
+  std::function<void(const ShownMessage&)> onShow;
 
  private:
   std::deque<MsgAnswer> answers_;

@@ -95,12 +95,14 @@ void BoardWidget::Dessiner_Ecran() {
   const int days = drawing_.daysVersion, resources = drawing_.resourcesVersion;
   drawing_.Dessiner_Ecran();
   repaintMoved(days, resources);
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::Redraw(const QString& what) {
   const int days = drawing_.daysVersion, resources = drawing_.resourcesVersion;
   drawing_.Redraw(what);
   repaintMoved(days, resources);
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::eraseBoard() {
@@ -110,6 +112,7 @@ void BoardWidget::eraseBoard() {
   vScroll_->setRange(0, 0);
   settingBars_ = false;
   update();
+  emit bookingsRedrawn();
 }
 
 void BoardWidget::RestoreDayColor() {
@@ -126,14 +129,29 @@ void BoardWidget::scrollTo(int vertical, int horizontal) {
   drawing_.HPos = hScroll_->value();
 }
 
+void BoardWidget::setRefreshHold(std::function<void()> hold, std::function<void()> release) {
+  holdRefresh_ = std::move(hold);
+  releaseRefresh_ = std::move(release);
+}
+
+BoardWidget::RefreshHold::RefreshHold(BoardWidget& board) : board_(board) {
+  if (board_.holdRefresh_) board_.holdRefresh_();
+}
+
+BoardWidget::RefreshHold::~RefreshHold() {
+  if (board_.releaseRefresh_) board_.releaseRefresh_();
+}
+
 void BoardWidget::HScroll_Change(int value) {
   if (settingBars_) return;
+  const RefreshHold hold(*this);
   drawing_.HPos = value;
   Redraw(QStringLiteral("D"));
 }
 
 void BoardWidget::VScroll_Change(int value) {
   if (settingBars_ || drawing_.drawing) return;
+  const RefreshHold hold(*this);
   drawing_.VPos = value;
   if (value >= 0) Redraw(QStringLiteral("R"));
 }
@@ -141,6 +159,7 @@ void BoardWidget::VScroll_Change(int value) {
 void BoardWidget::Today_Click() {
   // HScroll follows, and its change draws the board.
   if (hScroll_->value() == todayOffset_) return;
+  const RefreshHold hold(*this);
   hScroll_->setValue(todayOffset_);
 }
 
@@ -177,12 +196,17 @@ void BoardWidget::mousePressEvent(QMouseEvent* event) {
   const BoardFrame& f = drawing_.frame();
   const QPoint p = event->position().toPoint();
   const QPoint global = event->globalPosition().toPoint();
+  // The strips' handlers (the calendar, the popups) run inside the emit.
   for (int i = 0; i < f.DayNb(); ++i) {
     if (pixels(f.Mois(i)).contains(p)) {
-      if (event->button() == Qt::LeftButton) emit monthPressed();
+      if (event->button() == Qt::LeftButton) {
+        const RefreshHold hold(*this);
+        emit monthPressed();
+      }
       return;
     }
     if (pixels(f.Jour(i)).contains(p)) {
+      const RefreshHold hold(*this);
       emit dayPressed(i, event->button(), global);
       return;
     }
@@ -193,6 +217,7 @@ void BoardWidget::mousePressEvent(QMouseEvent* event) {
         resourceLineRow_ = i;
         update();
       }
+      const RefreshHold hold(*this);
       emit resourcePressed(i, event->button(), global);
       return;
     }

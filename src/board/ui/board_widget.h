@@ -4,6 +4,8 @@
 // scroll bars and the Today button live on it; presses on day and resource
 // cells are forwarded as signals.
 
+#include <functional>
+
 #include <QWidget>
 
 #include "board/board_drawing.h"
@@ -52,6 +54,21 @@ class BoardWidget : public QWidget {
   int cursorColumn() const { return cursorColumn_; }
   void setCursorCell(int row, int column);
 
+  // The refresh timer stays off while a handler works on the data: a tick
+  // would otherwise redraw under an open popup or a half-done command.
+  // Holds nest; the last one released lets the timer run again.
+  void setRefreshHold(std::function<void()> hold, std::function<void()> release);
+  class RefreshHold {
+   public:
+    explicit RefreshHold(BoardWidget& board);
+    ~RefreshHold();
+    RefreshHold(const RefreshHold&) = delete;
+    RefreshHold& operator=(const RefreshHold&) = delete;
+
+   private:
+    BoardWidget& board_;
+  };
+
   int twipsPerPixel() const { return tpp_; }
   QRect pixels(const TwipRect& r) const;
 
@@ -63,6 +80,8 @@ class BoardWidget : public QWidget {
   void resourcePressed(int row, Qt::MouseButton button, QPoint globalPos);
   void labelPressed(int index, Qt::MouseButton button, QPoint globalPos);
   void firstFocus();
+  // The labels or resource cells were drawn again (or erased).
+  void bookingsRedrawn();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -110,6 +129,7 @@ class BoardWidget : public QWidget {
   Strip dragStrip_ = Strip::None;
   int cursorRow_ = 0;
   int cursorColumn_ = 0;
+  std::function<void()> holdRefresh_, releaseRefresh_;
 };
 
 }  // namespace ksv

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "board_widget.h"
@@ -33,10 +31,12 @@ ManualControlPanel::ManualControlPanel(BoardWidget& board, ManualControl::Kind k
     walk_.Avant_Click();
     walk();
   });
-  connect(Sortir, &QPushButton::clicked, this, [this] { close(); });
-  // A scroll redraws the array: the marker keeps its place in it.
-  connect(board_.HScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
-  connect(board_.VScroll(), &QScrollBar::valueChanged, this, [this] { walk(); });
+  connect(Sortir, &QPushButton::clicked, this, &QDialog::reject);
+  // Whatever redrew the board (a scroll, a drop, a dialog, the refresh), the
+  // marker keeps its place in the array drawn anew.
+  connect(&board_, &BoardWidget::bookingsRedrawn, this, [this] {
+    if (!closed_) walk();
+  });
 }
 
 QPushButton* ManualControlPanel::addAction(const QString& caption, bool needsItem, std::function<void()> run,
@@ -46,7 +46,10 @@ QPushButton* ManualControlPanel::addAction(const QString& caption, bool needsIte
   if (needsItem) itemButtons_.push_back(button);
   button->setProperty("available", available);
   connect(button, &QPushButton::clicked, this, [this, run = std::move(run)] {
-    run();
+    {
+      const BoardWidget::RefreshHold hold(board_);
+      run();
+    }
     walk();
   });
   return button;
@@ -75,10 +78,12 @@ void ManualControlPanel::walk() {
   board_.update();
 }
 
-void ManualControlPanel::closeEvent(QCloseEvent* event) {
+void ManualControlPanel::done(int result) {
+  // Deletion comes later: a redraw meanwhile must not bring the marker back.
+  closed_ = true;
   walk_.Sortir_Click();
   board_.update();
-  QDialog::closeEvent(event);
+  QDialog::done(result);
 }
 
 ManualControlPanel* ManualControlPanel::ResourceControl(BoardWidget& board, const Texts& texts,

@@ -48,8 +48,9 @@ class ManualControlPanel final : public QDialog {
   // The walk after every action: the buttons follow what is drawn.
   void walk();
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
+ public slots:
+  // Sortir, Escape and the window's close all end here: the marker goes.
+  void done(int result) override;
 
  private:
   ManualControlPanel(BoardWidget& board, ManualControl::Kind kind, const Texts& texts, QWidget* parent);
@@ -59,6 +60,7 @@ class ManualControlPanel final : public QDialog {
   BoardWidget& board_;
   ManualControl walk_;
   std::vector<QPushButton*> itemButtons_;
+  bool closed_ = false;
 };
 
 }  // namespace ksv

@@ -136,6 +136,8 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   Customer = new QComboBox(this);
   Customer->setEditable(true);
   Customer->setInsertPolicy(QComboBox::NoInsert);
+  // A member's name is a Nom: no longer than the store keeps.
+  Customer->lineEdit()->setMaxLength(25);
   Resource = readOnly(this);
   DtFrom = readOnly(this);
   DtTo = readOnly(this);
