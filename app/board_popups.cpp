@@ -11,9 +11,32 @@
 #include "board/ui/calendrier_dialog.h"
 #include "board/ui/resource_dialog.h"
 #include "core/texts.h"
+#include "invoicing/invoice_accounts.h"
 #include "storage/planning_session.h"
 
 namespace ksv {
+
+void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSession& session, const Texts& texts,
+                             int row) {
+  const BoardDrawing& d = board.drawing();
+  r.VPos = d.VPos;
+  if (row >= 0) {
+    r.ResIndex = row;
+    r.SelResource = d.Res_Lib[std::size_t(row)].text;
+  }
+  if (!r.SelResource.isEmpty()) {
+    Recordset& rs = session.objects().RQ_Resource;
+    rs.requery();
+    rs.setAbsolutePosition(row + d.VPos + 1);
+    r.ResColor = rs.field(QStringLiteral("Color")).toInt();
+    r.ResOrder = rs.field(QStringLiteral("Order")).toInt();
+  }
+  r.showDialog = [&texts, &board](ResourcePresenter& p) { ResourceDialog::show(p, texts, &board); };
+  r.Redraw = [&board](const QString& what) { board.Redraw(what); };
+  r.clearInvoiceLink = [&session](const QString& SelInvNb) {
+    DeleteInvoice(session.connection()->db(), session.clock(), SelInvNb);
+  };
+}
 
 void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedOptions& options, Messages& messages,
                      const Texts& texts) {
@@ -47,21 +70,9 @@ void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedO
   QObject::connect(&board, &BoardWidget::resourcePressed, &board,
                    [&board, &session, &options, &messages, &texts](int row, Qt::MouseButton button, QPoint global) {
     if (button != Qt::RightButton || !session.IsOpen || !session.normalMode()) return;
-    BoardDrawing& d = board.drawing();
     ResourceCommands r(session.connection()->db(), session.objects(), options, messages, texts);
-    r.ResIndex = row;
-    r.VPos = d.VPos;
-    r.SelResource = d.Res_Lib[std::size_t(row)].text;
+    prepareResourceCommands(r, board, session, texts, row);
     const bool filled = !r.SelResource.isEmpty();
-    if (filled) {
-      Recordset& rs = session.objects().RQ_Resource;
-      rs.requery();
-      rs.setAbsolutePosition(row + d.VPos + 1);
-      r.ResColor = rs.field(QStringLiteral("Color")).toInt();
-      r.ResOrder = rs.field(QStringLiteral("Order")).toInt();
-    }
-    r.showDialog = [&](ResourcePresenter& p) { ResourceDialog::show(p, texts, &board); };
-    r.Redraw = [&board](const QString& what) { board.Redraw(what); };
     QMenu R_Resource(&board);
     R_Resource.addAction(texts.get(txt::PopupAdd), [&r] { r.R_Add_Click(); });
     R_Resource.addAction(texts.get(txt::PopupModify), [&r] { r.R_Modify_Click(); })->setEnabled(filled);

@@ -7,11 +7,18 @@ namespace ksv {
 class BoardWidget;
 class Messages;
 class PlanningSession;
+class ResourceCommands;
 class Texts;
 struct LoadedOptions;
 struct BoardDates;
 class Clock;
 struct ScreenDescription;
+
+// The resource commands as a press on resource row `row` sets them; -1
+// stands for a blank row. A deleted resource's bookings take their invoices
+// with them.
+void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSession& session, const Texts& texts,
+                             int row);
 
 void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedOptions& options, Messages& messages,
                      const Texts& texts);

@@ -5,7 +5,7 @@
 #include "board/resource_presenter.h"
 #include "board/ui/board_widget.h"
 #include "board/ui/manual_control_panel.h"
-#include "board/ui/resource_dialog.h"
+#include "board_popups.h"
 #include "main_window.h"
 #include "storage/planning_session.h"
 
@@ -18,20 +18,8 @@ namespace {
 void runResourceCommand(BoardWidget& board, PlanningSession& session, const LoadedOptions& options,
                         Messages& messages, const Texts& texts, int row, void (ResourceCommands::*command)()) {
   if (!session.IsOpen || !session.normalMode()) return;
-  BoardDrawing& d = board.drawing();
   ResourceCommands r(session.connection()->db(), session.objects(), options, messages, texts);
-  r.VPos = d.VPos;
-  if (row >= 0) {
-    r.ResIndex = row;
-    r.SelResource = d.Res_Lib[std::size_t(row)].text;
-    Recordset& rs = session.objects().RQ_Resource;
-    rs.requery();
-    rs.setAbsolutePosition(row + d.VPos + 1);
-    r.ResColor = rs.field(QStringLiteral("Color")).toInt();
-    r.ResOrder = rs.field(QStringLiteral("Order")).toInt();
-  }
-  r.showDialog = [&](ResourcePresenter& p) { ResourceDialog::show(p, texts, &board); };
-  r.Redraw = [&board](const QString& what) { board.Redraw(what); };
+  prepareResourceCommands(r, board, session, texts, row);
   (r.*command)();
 }
 

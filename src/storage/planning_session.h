@@ -88,6 +88,7 @@ class PlanningSession {
 
   PlanningConnection* connection() { return connection_.get(); }
   SessionObjects& objects() { return objects_; }
+  const Clock& clock() const { return ctx_.clock; }
   bool normalMode() const { return Updating == QLatin1String("O"); }
 
   // Hooks filled by later parts; by default they let everything through.

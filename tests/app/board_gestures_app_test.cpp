@@ -9,9 +9,11 @@
 #include "board/board_dates.h"
 #include "board/board_drawing.h"
 #include "board/board_gestures.h"
+#include "board/resource_presenter.h"
 #include "board/screen_description.h"
 #include "board/ui/board_widget.h"
 #include "board_gestures.h"
+#include "board_popups.h"
 #include "bookings/booking_context.h"
 #include "config/charger_param.h"
 #include "config/ini_file.h"
@@ -85,6 +87,7 @@ TEST(BoardGesturesApp, EachGestureGivesTheDialogsAContextOverTheOpenPlanning) {
     EXPECT_EQ(c.FirstDate, dates.FirstDate);
     EXPECT_EQ(c.LastDate, dates.LastDate);
     EXPECT_TRUE(c.windows.M_BlackList && c.windows.BlackList_Add_Commun && c.windows.Customer_From_Reservation);
+    EXPECT_TRUE(c.DeleteInvoice && c.windows.sendEmail);
     seen << "Reservation " + c.records.Nom_L + " " + c.records.Res_L;
     return false;
   };
@@ -135,5 +138,21 @@ TEST(BoardGesturesApp, EachGestureGivesTheDialogsAContextOverTheOpenPlanning) {
   board->Today()->click();
   EXPECT_EQ(during, (std::vector<bool>{false, false, false}));
   EXPECT_TRUE(view.refreshActive());
+
+  // Deleting a resource from its popup takes its bookings' invoices along.
+  Database& db = session.connection()->db();
+  insertRow(db, "Invoice", {{"InvoiceNb", -3}, {"Typ", "0"}, {"Lib", "Martin"}});
+  db.execute("UPDATE Reservation SET InvNb = -3 WHERE Nom = 'Martin'");
+  ResourceCommands r(db, session.objects(), options, messages, texts);
+  prepareResourceCommands(r, *board, session, texts, 0);
+  ASSERT_EQ(r.SelResource, "Room 1");
+  r.showDialog = [](ResourcePresenter& p) {
+    p.Res_Modif = p.SelResource;
+    p.OK_Click();
+  };
+  messages.answer(MsgAnswer::Yes);
+  r.R_Delete_Click();
+  EXPECT_EQ(db.scalar("SELECT count(*) FROM Reservation WHERE Resource = 'Room 1'").toInt(), 0);
+  EXPECT_EQ(db.scalar("SELECT count(*) FROM Invoice").toInt(), 0);
   session.M_Close();
 }
