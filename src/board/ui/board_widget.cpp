@@ -115,6 +115,12 @@ void BoardWidget::eraseBoard() {
   emit bookingsRedrawn();
 }
 
+void BoardWidget::EraseReservation() {
+  drawing_.EraseReservation();
+  update();
+  emit bookingsRedrawn();
+}
+
 void BoardWidget::RestoreDayColor() {
   drawing_.RestoreDayColor();
   update();

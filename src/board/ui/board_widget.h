@@ -38,6 +38,8 @@ class BoardWidget : public QWidget {
   void Dessiner_Ecran();
   void Redraw(const QString& what);
   void eraseBoard();
+  // Clears the labels only, as the availability view does.
+  void EraseReservation();
   void RestoreDayColor();
   // Puts both bars at a position without drawing twice.
   void scrollTo(int vertical, int horizontal);

@@ -96,7 +96,7 @@ bool M_Availability_Click(MenuModel& menus, BoardWidget& board, std::function<vo
   drawing.availabilityChecked = checked;
   if (checked) {
     drawing.Draw_Available = [&board, drawAvailable] { drawAvailable(board); };
-    drawing.EraseReservation();
+    board.EraseReservation();
     drawAvailable(board);
   } else {
     if (auto* view = board.findChild<AvailabilityBoard*>(kViewName, Qt::FindDirectChildrenOnly)) view->hide();
