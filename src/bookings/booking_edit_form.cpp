@@ -183,4 +183,28 @@ void BookingEditForm::showRefresh() {
   if (refresh) refresh();
 }
 
+InvoiceHandOver BookingEditForm::invoiceHandOverCommon() const {
+  InvoiceHandOver h;
+  h.Nom = Nom;
+  const int state = ctx_.records.Color_L;
+  const BookingState& colours = Def_Cl[size_t(state >= 0 && state < int(Def_Cl.size()) ? state : 0)];
+  h.back = colours.back;
+  h.fore = colours.fore;
+  h.Remark = Remarque;
+  h.InvNb = InvNb;
+  return h;
+}
+
+TrousSearch BookingEditForm::holesSearch(int mode, QDate from, QDate to, const ResourceChoice& on) const {
+  TrousSearch trous(ctx_.availability, ctx_.clock, ctx_.messages, ctx_.texts);
+  trous.Mode = mode;
+  trous.CalF = from;
+  trous.CalT = to;
+  trous.FirstDate = ctx_.FirstDate;
+  trous.LastDate = ctx_.LastDate;
+  trous.Category = on.Category;
+  trous.Resource = on.Resource;
+  return trous;
+}
+
 }  // namespace ksv

@@ -14,6 +14,8 @@
 
 #include "booking_context.h"
 #include "booking_form.h"
+#include "invoice_hand_over.h"
+#include "trous_search.h"
 
 namespace ksv {
 
@@ -109,6 +111,11 @@ class BookingEditForm {
   void done();
   void leave();
   void showRefresh();
+  // The hand-over's part both dialogs share: the name in its state's
+  // colours, the remark and the invoice number.
+  InvoiceHandOver invoiceHandOverCommon() const;
+  // The hole search over the dialog's dates and the board's range.
+  TrousSearch holesSearch(int mode, QDate from, QDate to, const ResourceChoice& on) const;
 
   BookingContext& ctx_;
   bool closed_ = false;

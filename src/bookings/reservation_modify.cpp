@@ -120,14 +120,7 @@ bool ReservationPresenter::Supprimer_Click() {
 void ReservationPresenter::Holes_Click() {
   if (!ctx_.windows.Trous) return;
   const BookingRecords& b = ctx_.records;
-  TrousSearch trous(ctx_.availability, ctx_.clock, ctx_.messages, ctx_.texts);
-  trous.Mode = 2;
-  trous.CalF = CalF.value;
-  trous.CalT = CalT.value;
-  trous.FirstDate = ctx_.FirstDate;
-  trous.LastDate = ctx_.LastDate;
-  trous.Category = choice.Category;
-  trous.Resource = choice.Resource;
+  TrousSearch trous = holesSearch(2, CalF.value, CalT.value, choice);
   // The booking as stored must not block its own resource.
   trous.editing = {{b.Res_S, b.Nom_L, b.DD_S, b.DF_S}};
   const std::optional<HoleChoice> hole = ctx_.windows.Trous(trous);
@@ -139,14 +132,7 @@ void ReservationPresenter::Holes_Click() {
 }
 
 InvoiceHandOver ReservationPresenter::invoiceHandOver() const {
-  const BookingRecords& b = ctx_.records;
-  InvoiceHandOver h;
-  h.Nom = Nom;
-  const int state = b.Color_L >= 0 && b.Color_L < int(Def_Cl.size()) ? b.Color_L : 0;
-  h.back = Def_Cl[size_t(state)].back;
-  h.fore = Def_Cl[size_t(state)].fore;
-  h.Remark = Remarque;
-  h.InvNb = InvNb;
+  InvoiceHandOver h = invoiceHandOverCommon();
   h.DtFrom = CalF.value;
   h.DtTo = CalT.value;
   h.Days = NB_Jour;

@@ -180,15 +180,8 @@ void ReservationSplitPresenter::holes(int mode) {
   if (!ctx_.windows.Trous) return;
   const BookingRecords& b = ctx_.records;
   const int part = mode == 4 ? 1 : 0;
-  TrousSearch trous(ctx_.availability, ctx_.clock, ctx_.messages, ctx_.texts);
-  trous.Mode = mode;
-  trous.CalF = CalF.value;
+  TrousSearch trous = holesSearch(mode, CalF.value, CalT.value, parts[size_t(part)]);
   trous.CalS = CalS.value;
-  trous.CalT = CalT.value;
-  trous.FirstDate = ctx_.FirstDate;
-  trous.LastDate = ctx_.LastDate;
-  trous.Category = parts[size_t(part)].Category;
-  trous.Resource = parts[size_t(part)].Resource;
   // Neither stored part blocks the stay's own resources.
   trous.editing = {{b.Res_S, b.Nom_L, b.DD_S, b.DF_S}, other_};
   const std::optional<HoleChoice> hole = ctx_.windows.Trous(trous);
@@ -203,14 +196,7 @@ void ReservationSplitPresenter::holes(int mode) {
 }
 
 InvoiceHandOver ReservationSplitPresenter::invoiceHandOver() const {
-  const BookingRecords& b = ctx_.records;
-  InvoiceHandOver h;
-  h.Nom = Nom;
-  const int state = b.Color_L >= 0 && b.Color_L < int(Def_Cl.size()) ? b.Color_L : 0;
-  h.back = Def_Cl[size_t(state)].back;
-  h.fore = Def_Cl[size_t(state)].fore;
-  h.Remark = Remarque;
-  h.InvNb = InvNb;
+  InvoiceHandOver h = invoiceHandOverCommon();
   h.DtFrom = CalF.value;
   h.DtTo = CalS.value;
   h.Days = NB_Jour1;
