@@ -1,5 +1,6 @@
 #include "booking_edit_widgets.h"
 
+#include <QCloseEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -28,6 +29,44 @@ QPushButton* commandButton(const QString& caption, const QString& name, QWidget*
   auto* b = new QPushButton(caption, parent);
   b->setObjectName(name);
   b->setAutoDefault(false);
+  return b;
+}
+
+BookingEditDialog::BookingEditDialog(BookingEditForm& form, QWidget* parent) : QDialog(parent), form_(form) {}
+
+void BookingEditDialog::closeEvent(QCloseEvent* event) {
+  if (!leaving_) form_.Annuler_Click();
+  if (leaving_) {
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+void BookingEditDialog::reject() {
+  // Leaving closes through the presenter's hook.
+  if (!leaving_) form_.Annuler_Click();
+}
+
+void BookingEditDialog::bindForm(CustomerFields* fields) {
+  form_.close = [this] {
+    leaving_ = true;
+    accept();
+  };
+  form_.focusNom = [fields] { fields->focusNom(); };
+  form_.refresh = [this] { showValues(); };
+  showValues();
+}
+
+QPushButton* BookingEditDialog::addCommand(QBoxLayout* buttons, const QString& caption, const char* name,
+                                           std::function<void()> run, bool enabled) {
+  auto* b = commandButton(caption, QString::fromLatin1(name), this);
+  b->setEnabled(enabled);
+  connect(b, &QPushButton::clicked, this, [this, run = std::move(run)] {
+    run();
+    if (!form_.isClosed()) showValues();
+  });
+  buttons->addWidget(b);
   return b;
 }
 

@@ -7,7 +7,9 @@
 #include <functional>
 #include <memory>
 
+#include <QBoxLayout>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -71,6 +73,29 @@ class ResourceLists : public QWidget {
   const ResourceChoice& choice_;
   QComboBox* Category_;
   QComboBox* Resource_;
+};
+
+// The window over a BookingEditForm. Its close and Escape are Annuler (a
+// Cancel answer keeps it open); the presenter's hooks close, focus and
+// refresh it; its command buttons redraw the values after each command.
+class BookingEditDialog : public QDialog {
+  Q_OBJECT
+ public:
+  BookingEditDialog(BookingEditForm& form, QWidget* parent);
+  virtual void showValues() = 0;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void reject() override;
+  // Binds the presenter's hooks and shows the values; the last step of a
+  // subclass's constructor.
+  void bindForm(CustomerFields* fields);
+  QPushButton* addCommand(QBoxLayout* buttons, const QString& caption, const char* name, std::function<void()> run,
+                          bool enabled = true);
+
+ private:
+  BookingEditForm& form_;
+  bool leaving_ = false;
 };
 
 // A button of the dialog, named for tests and finding.

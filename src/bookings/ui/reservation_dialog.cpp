@@ -1,7 +1,6 @@
 #include "reservation_dialog.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -12,7 +11,7 @@
 namespace ksv {
 
 ReservationDialog::ReservationDialog(ReservationPresenter& presenter, BookingContext& ctx, QWidget* parent)
-    : QDialog(parent), p_(presenter) {
+    : BookingEditDialog(presenter, parent), p_(presenter) {
   const Texts& texts = ctx.texts;
   const QStringList labels = texts.list(txt::ModifLabels, 11);
   setObjectName(QStringLiteral("Reservation"));
@@ -63,14 +62,7 @@ ReservationDialog::ReservationDialog(ReservationPresenter& presenter, BookingCon
 
   auto* buttons = new QVBoxLayout;
   const auto add = [&](int caption, const char* name, std::function<void()> run, bool enabled = true) {
-    auto* b = commandButton(texts.get(caption), QString::fromLatin1(name), this);
-    b->setEnabled(enabled);
-    connect(b, &QPushButton::clicked, this, [this, run = std::move(run)] {
-      run();
-      if (!p_.isClosed()) showValues();
-    });
-    buttons->addWidget(b);
-    return b;
+    return addCommand(buttons, texts.get(caption), name, std::move(run), enabled);
   };
   add(txt::ModifModify, "Modify", [this] { p_.Modify_Click(); })->setDefault(true);
   add(txt::ModifSplit, "Split", [this] { p_.Split_Click(); });
@@ -79,25 +71,15 @@ ReservationDialog::ReservationDialog(ReservationPresenter& presenter, BookingCon
   add(txt::ModifSearch, "Search", [this] { p_.Search_Click(); }, p_.searchEnabled());
   add(txt::ModifBlackList, "BlackList", [this] { p_.BlackList_Click(); }, p_.blackListEnabled());
   add(txt::ModifPutBlackList, "PutBlackList", [this] { p_.PutBlackList_Click(); }, p_.putBlackListEnabled());
-  auto* mail = commandButton(sendEmailCaption(texts), QStringLiteral("cmdSendEmail"), this);
-  mail->setEnabled(p_.sendEmailEnabled());
-  connect(mail, &QPushButton::clicked, this, [this] { p_.cmdSendEmail_Click(); });
-  buttons->addWidget(mail);
-  auto* group = commandButton(p_.cmdGroupCaption, QStringLiteral("cmdGroup"), this);
-  connect(group, &QPushButton::clicked, this, [this] { p_.cmdGroup_Click(); });
-  buttons->addWidget(group);
+  addCommand(buttons, sendEmailCaption(texts), "cmdSendEmail", [this] { p_.cmdSendEmail_Click(); },
+             p_.sendEmailEnabled());
+  addCommand(buttons, p_.cmdGroupCaption, "cmdGroup", [this] { p_.cmdGroup_Click(); });
   add(txt::ModifInvoice, "CdInvoice", [this] { p_.CdInvoice_Click(); }, p_.invoiceEnabled());
   add(txt::ModifCancel, "Annuler", [this] { p_.Annuler_Click(); });
   buttons->addStretch();
   layout->addLayout(buttons);
 
-  p_.close = [this] {
-    leaving_ = true;
-    accept();
-  };
-  p_.focusNom = [this] { fields_->focusNom(); };
-  p_.refresh = [this] { showValues(); };
-  showValues();
+  bindForm(fields_);
 }
 
 void ReservationDialog::showValues() {
@@ -112,21 +94,6 @@ void ReservationDialog::showValues() {
   NB_Jour_->setText(QString::number(p_.NB_Jour));
   FirstDate_->setText(dateLabel(p_.FirstDate));
   LastDate_->setText(dateLabel(p_.LastDate));
-}
-
-void ReservationDialog::closeEvent(QCloseEvent* event) {
-  // The window's close is Annuler: a Cancel answer keeps it open.
-  if (!leaving_) p_.Annuler_Click();
-  if (leaving_) {
-    event->accept();
-  } else {
-    event->ignore();
-  }
-}
-
-void ReservationDialog::reject() {
-  // Escape is Annuler too; leaving closes through the presenter's hook.
-  if (!leaving_) p_.Annuler_Click();
 }
 
 bool showReservation(BookingContext& ctx, QWidget* parent) {

@@ -1,8 +1,6 @@
 #pragma once
 // `Reservation`, the window of a whole booking, over its presenter.
 
-#include <QDialog>
-
 #include "bookings/reservation_modify.h"
 #include "booking_edit_widgets.h"
 
@@ -10,15 +8,11 @@ class QCheckBox;
 
 namespace ksv {
 
-class ReservationDialog : public QDialog {
+class ReservationDialog : public BookingEditDialog {
   Q_OBJECT
  public:
   ReservationDialog(ReservationPresenter& presenter, BookingContext& ctx, QWidget* parent = nullptr);
-  void showValues();
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;
+  void showValues() override;
 
  private:
   ReservationPresenter& p_;
@@ -30,7 +24,6 @@ class ReservationDialog : public QDialog {
   QLabel* LastDate_;
   ResourceLists* lists_;
   QCheckBox* Bloc_;
-  bool leaving_ = false;
 };
 
 // Shows the booking in the buffer of ctx.records, modally. Returns OpenGroup:

@@ -1,7 +1,6 @@
 #include "reservation_split_dialog.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -13,7 +12,7 @@ namespace ksv {
 
 ReservationSplitDialog::ReservationSplitDialog(ReservationSplitPresenter& presenter, BookingContext& ctx,
                                                QWidget* parent)
-    : QDialog(parent), p_(presenter) {
+    : BookingEditDialog(presenter, parent), p_(presenter) {
   const Texts& texts = ctx.texts;
   const QStringList labels = texts.list(txt::ModifLabels, 11);
   const QStringList partLabels = texts.list(txt::ModifSplitLabels, 3);
@@ -73,14 +72,7 @@ ReservationSplitDialog::ReservationSplitDialog(ReservationSplitPresenter& presen
 
   auto* buttons = new QVBoxLayout;
   const auto add = [&](const QString& caption, const char* name, std::function<void()> run, bool enabled = true) {
-    auto* b = commandButton(caption, QString::fromLatin1(name), this);
-    b->setEnabled(enabled);
-    connect(b, &QPushButton::clicked, this, [this, run = std::move(run)] {
-      run();
-      if (!p_.isClosed()) showValues();
-    });
-    buttons->addWidget(b);
-    return b;
+    return addCommand(buttons, caption, name, std::move(run), enabled);
   };
   add(texts.get(txt::ModifModify), "Modify", [this] { p_.Modify_Click(); })->setDefault(true);
   add(texts.get(txt::ModifMerge), "Merge", [this] { p_.Merge_Click(); });
@@ -99,13 +91,7 @@ ReservationSplitDialog::ReservationSplitDialog(ReservationSplitPresenter& presen
   buttons->addStretch();
   layout->addLayout(buttons);
 
-  p_.close = [this] {
-    leaving_ = true;
-    accept();
-  };
-  p_.focusNom = [this] { fields_->focusNom(); };
-  p_.refresh = [this] { showValues(); };
-  showValues();
+  bindForm(fields_);
 }
 
 void ReservationSplitDialog::showValues() {
@@ -122,20 +108,6 @@ void ReservationSplitDialog::showValues() {
   NB_Jour2_->setText(QString::number(p_.NB_Jour2));
   FirstDate_->setText(dateLabel(p_.FirstDate));
   LastDate_->setText(dateLabel(p_.LastDate));
-}
-
-void ReservationSplitDialog::closeEvent(QCloseEvent* event) {
-  // The window's close is Annuler: a Cancel answer keeps it open.
-  if (!leaving_) p_.Annuler_Click();
-  if (leaving_) {
-    event->accept();
-  } else {
-    event->ignore();
-  }
-}
-
-void ReservationSplitDialog::reject() {
-  if (!leaving_) p_.Annuler_Click();
 }
 
 bool showReservationSplit(BookingContext& ctx, QWidget* parent) {

@@ -4,8 +4,6 @@
 
 #include <array>
 
-#include <QDialog>
-
 #include "bookings/reservation_split.h"
 #include "booking_edit_widgets.h"
 
@@ -13,15 +11,11 @@ class QCheckBox;
 
 namespace ksv {
 
-class ReservationSplitDialog : public QDialog {
+class ReservationSplitDialog : public BookingEditDialog {
   Q_OBJECT
  public:
   ReservationSplitDialog(ReservationSplitPresenter& presenter, BookingContext& ctx, QWidget* parent = nullptr);
-  void showValues();
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;
+  void showValues() override;
 
  private:
   ReservationSplitPresenter& p_;
@@ -35,7 +29,6 @@ class ReservationSplitDialog : public QDialog {
   QLabel* LastDate_;
   std::array<ResourceLists*, 2> lists_{};
   std::array<QCheckBox*, 2> Bloc_{};
-  bool leaving_ = false;
 };
 
 // Shows the split booking in the buffer of ctx.records, R_TB standing on its
