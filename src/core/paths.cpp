@@ -1,6 +1,7 @@
 #include "paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -18,7 +19,13 @@ QString Paths::programDirFor(const QString& executableDir) {
               : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/kestrovane");
   }
   QDir().mkpath(dir);
-  return QDir::cleanPath(QDir(dir).absolutePath());
+  dir = QDir::cleanPath(QDir(dir).absolutePath());
+  // The example is shipped beside the executable; a program folder elsewhere
+  // gets its own copy once, or the example menu would not find it.
+  const QString shipped = executableDir + QStringLiteral("/KestrovaneTry.ksv");
+  const QString own = dir + QStringLiteral("/KestrovaneTry.ksv");
+  if (!QFileInfo::exists(own) && QFileInfo::exists(shipped)) QFile::copy(shipped, own);
+  return dir;
 }
 
 QString Paths::systemDocumentsDir() {

@@ -13,7 +13,8 @@ class Paths {
 
   // The program's folder: KESTROVANE_HOME when set and not empty; otherwise
   // the executable's folder when it is writable; otherwise a per-user data
-  // folder. The folder is created when missing.
+  // folder. The folder is created when missing, and given a copy of the
+  // example shipped beside the executable when it has none.
   static QString programDirFor(const QString& executableDir);
   // The user's documents folder, made when missing; empty when the system
   // gives none or it cannot be made.

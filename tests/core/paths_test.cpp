@@ -21,6 +21,25 @@ TEST(Paths, ProgramFolderRule) {
   EXPECT_EQ(Paths::programDirFor(exeDir), home);  // the override wins, and is created
   EXPECT_TRUE(QDir(home).exists());
 
+  // A program folder away from the executable gets the shipped example once;
+  // its own copy, perhaps changed, is never overwritten.
+  QFile shipped(exeDir + "/KestrovaneTry.ksv");
+  ASSERT_TRUE(shipped.open(QIODevice::WriteOnly));
+  shipped.write("shipped");
+  shipped.close();
+  const QString other = tmp.path() + "/other";
+  qputenv("KESTROVANE_HOME", other.toUtf8());
+  Paths::programDirFor(exeDir);
+  QFile copy(other + "/KestrovaneTry.ksv");
+  ASSERT_TRUE(copy.open(QIODevice::ReadWrite));
+  EXPECT_EQ(copy.readAll(), "shipped");
+  copy.resize(0);
+  copy.write("own");
+  copy.close();
+  Paths::programDirFor(exeDir);
+  ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+  EXPECT_EQ(copy.readAll(), "own");
+
   qputenv("KESTROVANE_HOME", "");
   QFile::setPermissions(exeDir, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
   if (!QFileInfo(exeDir).isWritable()) {  // root can write anywhere; the rule still holds for users
