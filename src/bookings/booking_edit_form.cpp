@@ -158,15 +158,8 @@ bool BookingEditForm::write(const std::function<void()>& writes) {
   }
 }
 
-bool BookingEditForm::deleteInvoice() {
-  if (InvNb.trimmed().isEmpty() || !ctx_.DeleteInvoice) return true;
-  try {
-    ctx_.DeleteInvoice(InvNb);
-    return true;
-  } catch (const StorageError& e) {
-    ctx_.messages.critical(QString::fromUtf8(e.what()));
-    return false;
-  }
+void BookingEditForm::deleteInvoice() {
+  if (!InvNb.trimmed().isEmpty() && ctx_.DeleteInvoice) ctx_.DeleteInvoice(InvNb);
 }
 
 void BookingEditForm::done() {

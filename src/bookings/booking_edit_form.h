@@ -104,9 +104,9 @@ class BookingEditForm {
   // Runs the writes of one command as one transaction; a refused write is
   // shown and leaves the dialog open with nothing written.
   bool write(const std::function<void()>& writes);
-  // The booking's invoice goes before the booking, when it has one. False
-  // when the removal failed.
-  bool deleteInvoice();
+  // The booking's invoice, when it has one; called inside the write that
+  // deletes the booking, so that one goes only with the other.
+  void deleteInvoice();
   // Redraws the board and unloads.
   void done();
   void leave();

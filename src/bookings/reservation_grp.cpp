@@ -378,10 +378,11 @@ bool ReservationGrpPresenter::DeleteGroup_Click() {
 
 void ReservationGrpPresenter::deleteGroup() {
   members_.requery();
+  // The invoices go in the same write: a refused row keeps them all.
+  deletedInvoices_.clear();
+  Transaction transaction(ctx_.db);
   if (header_.recordCount() > 0) deleteInvoice(textOf(header_, "InvNb"));
   for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) deleteInvoice(textOf(members_, "InvNb"));
-
-  Transaction transaction(ctx_.db);
   if (header_.recordCount() > 0) header_.deleteRecord();
   for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) members_.deleteRecord();
   transaction.commit();
@@ -398,9 +399,10 @@ bool ReservationGrpPresenter::SplitGroup_Click(bool silent) {
 
 void ReservationGrpPresenter::splitGroup() {
   // Only the group's own invoice goes; the members keep theirs.
-  if (header_.recordCount() > 0) deleteInvoice(textOf(header_, "InvNb"));
   members_.requery();
+  deletedInvoices_.clear();
   Transaction transaction(ctx_.db);
+  if (header_.recordCount() > 0) deleteInvoice(textOf(header_, "InvNb"));
   if (header_.recordCount() > 0) header_.deleteRecord();
   for (members_.moveFirst(); !members_.isEOF(); members_.moveNext()) {
     members_.setField(QStringLiteral("GroupNb"), 0);

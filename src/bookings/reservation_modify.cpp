@@ -111,8 +111,11 @@ bool ReservationPresenter::Split_Click() {
 bool ReservationPresenter::Supprimer_Click() {
   if (!ctx_.messages.askYesNo(ctx_.texts.get(txt::ModifDeleteQuestion), MsgAnswer::No, MsgIcon::Critical))
     return false;
-  if (!deleteInvoice()) return false;
-  if (!write([this] { ctx_.records.Supprimer_Reservation(); })) return false;
+  const bool written = write([this] {
+    deleteInvoice();
+    ctx_.records.Supprimer_Reservation();
+  });
+  if (!written) return false;
   done();
   return true;
 }

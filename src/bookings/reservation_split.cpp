@@ -166,8 +166,8 @@ bool ReservationSplitPresenter::Merge_Click() {
 bool ReservationSplitPresenter::Supprimer_Click() {
   if (!ctx_.messages.askYesNo(ctx_.texts.get(txt::ModifDeleteQuestion), MsgAnswer::No, MsgIcon::Critical))
     return false;
-  if (!deleteInvoice()) return false;
   const bool written = write([this] {
+    deleteInvoice();
     ctx_.records.Supprimer_Reservation();
     ctx_.records.Delete_Split();
   });

@@ -1,6 +1,7 @@
 // The group dialog over a real planning: making and leaving a group, its
 // members and candidates, writing, dissolving and deleting it.
 #include "group_planning.h"
+#include "invoicing/invoice_accounts.h"
 
 using namespace ksv;
 using namespace ksv::test;
@@ -411,6 +412,30 @@ TEST_F(ReservationGrpTest, AWriteTheStoreRefusesIsToldAndLeavesNothingHalfWritte
   EXPECT_TRUE(g.ModifyGroup_Click());
   EXPECT_EQ(stored(head, "Nom"), "Agence Nord");
   EXPECT_EQ(stored(colin, "Couleur"), "3");
+}
+
+TEST_F(ReservationGrpTest, ARefusedGroupDeleteKeepsEveryInvoiceAndCanBeDoneAgain) {
+  header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", 50}});
+  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}, {"InvNb", 51}});
+  booking("102", jul(3), jul(12), "Colin", {{"GroupNb", 5}});
+  for (int n : {50, 51}) insertRow(plan.db(), "Invoice", {{"InvoiceNb", n}, {"Typ", "0"}, {"Lib", "x"}});
+  const auto invoices = [this] { return plan.db().scalar("SELECT count(*) FROM Invoice").toInt(); };
+  ReservationGrpPresenter& g = open(whole);
+  ctx->DeleteInvoice = [this](const QString& n) { DeleteInvoice(plan.db(), plan.clock(), n); };
+
+  plan.db().execute("CREATE TEMP TRIGGER refuse BEFORE DELETE ON Reservation WHEN OLD.Nom = 'Colin' "
+                    "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_FALSE(g.DeleteGroup_Click());
+  EXPECT_EQ(invoices(), 2);
+  EXPECT_TRUE(exists(whole));
+  EXPECT_EQ(closes, 0);
+
+  plan.db().execute("DROP TRIGGER refuse");
+  messages.answer(MsgAnswer::Yes);
+  EXPECT_TRUE(g.DeleteGroup_Click());
+  EXPECT_EQ(invoices(), 0);
+  EXPECT_FALSE(exists(whole));
 }
 
 TEST_F(ReservationGrpTest, LeavingWithChangesAsksToModifyFirst) {

@@ -6,6 +6,7 @@
 #include "bookings/check_group_date.h"
 #include "bookings/trous_search.h"
 #include "customers/customer_list.h"
+#include "invoicing/invoice_accounts.h"
 #include "modification_planning.h"
 
 using namespace ksv;
@@ -198,6 +199,22 @@ TEST_F(ReservationTest, DeleteWithoutInvoiceRemovesNoInvoice) {
   EXPECT_TRUE(open(plain).Supprimer_Click());
   EXPECT_EQ(row(plain), "<gone>");
   EXPECT_TRUE(invoice_.deleted.empty());
+}
+
+TEST_F(ReservationTest, ADeleteTheStoreRefusesKeepsTheInvoiceToo) {
+  Database& db = planning_.db();
+  const qint64 id = booking("Room 1", march(10), march(12), "Durand", {{"InvNb", 31}});
+  insertRow(db, "Invoice", {{"InvoiceNb", 31}, {"Typ", "0"}, {"Lib", "Durand"}});
+  db.execute("CREATE TEMP TRIGGER kept BEFORE DELETE ON Reservation BEGIN SELECT RAISE(ABORT, 'kept'); END");
+  ctx().DeleteInvoice = [this, &db](const QString& n) { DeleteInvoice(db, planning_.clock(), n); };
+  ReservationPresenter& p = open(id);
+
+  messages_.answer(MsgAnswer::Yes);
+  EXPECT_FALSE(p.Supprimer_Click());
+  EXPECT_NE(row(id), "<gone>");
+  EXPECT_EQ(db.scalar("SELECT count(*) FROM Invoice").toInt(), 1);
+  EXPECT_EQ(closes_, 0);  // the dialog stays, after telling why
+  EXPECT_EQ(messages_.shown().size(), 2u);
 }
 
 TEST_F(ReservationTest, OpeningTheGroupDropsTheEditsWithoutAQuestion) {
