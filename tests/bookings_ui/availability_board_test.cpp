@@ -2,6 +2,8 @@
 // menu entry that switches between it and the bookings.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <QApplication>
 #include <QImage>
 #include <QPushButton>
@@ -37,6 +39,16 @@ class AvailabilityBoardTest : public ::testing::Test, public CreerSession {
     frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "300", "4", "300", "1200", "200"});
     return frame;
   }
+  // The board at 9 March 2025 with the session's bookings drawn.
+  std::unique_ptr<BoardWidget> drawnBoard() {
+    drawing_.setSession(&planning.objects());
+    auto board = std::make_unique<BoardWidget>(drawing_, options, texts);
+    board->resize(1024, 600);
+    board->setDayRange(300, 9);
+    board->scrollTo(0, 9);
+    board->Dessiner_Ecran();
+    return board;
+  }
   // The colour painted inside a cell, clear of its frame and its number.
   static QColor inside(const QImage& image, const QWidget& view, const QRect& cell) {
     return image.pixelColor(view.mapToParent(cell.topLeft()) + QPoint(3, 3));
@@ -57,13 +69,8 @@ TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
   planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
   planning.addBooking("102", QDate(2025, 3, 10), QDate(2025, 3, 11), "Durand");
   options.AvailableColor = true;
-  drawing_.setSession(&planning.objects());
-
-  BoardWidget board(drawing_, options, texts);
-  board.resize(1024, 600);
-  board.setDayRange(300, 9);
-  board.scrollTo(0, 9);
-  board.Dessiner_Ecran();
+  const auto shown = drawnBoard();
+  BoardWidget& board = *shown;
   ASSERT_EQ(drawing_.LabCount, 2);
 
   MenuModel menus = MenuModel::standard();
@@ -114,12 +121,8 @@ TEST_F(AvailabilityBoardTest, TheCountsFollowTheDaysTheScrolledBoardShows) {
   planning.addResource("101", 0, 1);
   planning.addResource("102", 0, 2);
   planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
-  drawing_.setSession(&planning.objects());
-  BoardWidget board(drawing_, options, texts);
-  board.resize(1024, 600);
-  board.setDayRange(300, 9);
-  board.scrollTo(0, 9);
-  board.Dessiner_Ecran();
+  const auto shown = drawnBoard();
+  BoardWidget& board = *shown;
   MenuModel menus = MenuModel::standard();
   int draws = 0;
   ASSERT_TRUE(M_Availability_Click(menus, board, [&](BoardWidget& b) {
