@@ -142,15 +142,9 @@ bool BookingEditForm::nameGiven() { return customerNameGiven(Nom, ctx_.messages,
 
 bool BookingEditForm::write(const std::function<void()>& writes) {
   try {
-    // A caller already in a transaction keeps it; otherwise the rows of one
-    // command are written together or not at all.
-    if (ctx_.db.inTransaction()) {
-      writes();
-    } else {
-      Transaction transaction(ctx_.db);
-      writes();
-      transaction.commit();
-    }
+    JoinedTransaction transaction(ctx_.db);
+    writes();
+    transaction.commit();
     return true;
   } catch (const StorageError& e) {
     ctx_.messages.critical(QString::fromUtf8(e.what()));

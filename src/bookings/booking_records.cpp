@@ -1,7 +1,5 @@
 #include "booking_records.h"
 
-#include <optional>
-
 #include "core/messages.h"
 #include "core/number_text.h"
 #include "core/texts.h"
@@ -146,11 +144,10 @@ void BookingRecords::UpdateInvNbInReservation(qint32 WaitNb, const QString& invN
   const QVariant number = invoiceNumber(invNb);
   // All the bookings of the invoice change together or none does; a caller
   // that saves the invoice in its own transaction keeps it.
-  std::optional<Transaction> transaction;
-  if (!db_.inTransaction()) transaction.emplace(db_);
+  JoinedTransaction transaction(db_);
   for (rows.moveFirst(); !rows.isEOF(); rows.moveNext())
     updateRow(rows, [&] { rows.setField("InvNb", number); });
-  if (transaction) transaction->commit();
+  transaction.commit();
 }
 
 void BookingRecords::Supprimer_Reservation() {

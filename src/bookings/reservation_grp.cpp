@@ -1,7 +1,6 @@
 #include "reservation_grp.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "booking_form.h"
 #include "config/loaded_options.h"
@@ -26,20 +25,6 @@ QDate dateOf(const Recordset& r, const char* name) { return dayOf(r.field(QStrin
 
 // A whole booking or a first part: what the members list shows.
 bool listedMember(const QString& split) { return split < QLatin1String("2"); }
-
-// One transaction for a command's rows, unless a caller already holds one.
-class CommandTransaction {
- public:
-  explicit CommandTransaction(Database& db) {
-    if (!db.inTransaction()) transaction_.emplace(db);
-  }
-  void commit() {
-    if (transaction_) transaction_->commit();
-  }
-
- private:
-  std::optional<Transaction> transaction_;
-};
 
 }  // namespace
 
@@ -96,7 +81,7 @@ void ReservationGrpPresenter::Form_Activate() {
   const bool wasNew = groupNew_;
   bool written = false;
   guarded([&] {
-    CommandTransaction transaction(ctx_.db);
+    JoinedTransaction transaction(ctx_.db);
     if (b.GroupNb_L != 0) {
       openHeader();
       // A number whose header row is gone, at any activation: the clicked

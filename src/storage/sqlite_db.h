@@ -5,6 +5,7 @@
 // Values travel as QVariant; a null QVariant is SQL NULL both ways.
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -157,6 +158,22 @@ class Transaction {
  private:
   Database& db_;
   bool open_ = true;
+};
+
+// The rows of one command written together: a transaction of its own, or
+// none when the caller already holds one, whose commit or rollback then
+// takes these rows along.
+class JoinedTransaction {
+ public:
+  explicit JoinedTransaction(Database& db) {
+    if (!db.inTransaction()) own_.emplace(db);
+  }
+  void commit() {
+    if (own_) own_->commit();
+  }
+
+ private:
+  std::optional<Transaction> own_;
 };
 
 // The text a date value is stored as: "YYYY-MM-DD", or "YYYY-MM-DD HH:MM:SS"

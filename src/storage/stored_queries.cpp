@@ -3,7 +3,6 @@
 #include "stored_queries.h"
 
 #include <array>
-#include <optional>
 
 #include "sqlite_db.h"
 
@@ -168,15 +167,14 @@ void createStoredQueries(Database& db) {
   db.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (Name TEXT NOT NULL, Text TEXT NOT NULL) STRICT;").arg(table));
   if (db.scalar(QStringLiteral("SELECT count(*) FROM %1").arg(table)).toLongLong() > 0) return;
   // All or none: a file with half of its queries would fail later, far away.
-  std::optional<Transaction> transaction;
-  if (!db.inTransaction()) transaction.emplace(db);
+  JoinedTransaction transaction(db);
   Statement insert = db.prepare(QStringLiteral("INSERT INTO %1 (Name, Text) VALUES (?, ?)").arg(table));
   for (const StoredQuery& query : kQueries) {
     insert.bind(0, QString::fromUtf8(query.name));
     insert.bind(1, QString::fromUtf8(query.text));
     insert.run();
   }
-  if (transaction) transaction->commit();
+  transaction.commit();
 }
 
 }  // namespace ksv
