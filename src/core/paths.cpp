@@ -22,8 +22,8 @@ QString Paths::programDirFor(const QString& executableDir) {
   dir = QDir::cleanPath(QDir(dir).absolutePath());
   // The example is shipped beside the executable; a program folder elsewhere
   // gets its own copy once, or the example menu would not find it.
-  const QString shipped = executableDir + QStringLiteral("/KestrovaneTry.ksv");
-  const QString own = dir + QStringLiteral("/KestrovaneTry.ksv");
+  const QString shipped = QDir(executableDir).filePath(QLatin1String(kExampleFileName));
+  const QString own = QDir(dir).filePath(QLatin1String(kExampleFileName));
   if (!QFileInfo::exists(own) && QFileInfo::exists(shipped)) QFile::copy(shipped, own);
   return dir;
 }

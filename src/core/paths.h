@@ -7,6 +7,9 @@
 
 namespace ksv {
 
+// The example planning's file, beside the executable and in the documents folder.
+inline constexpr const char* kExampleFileName = "KestrovaneTry.ksv";
+
 class Paths {
  public:
   Paths(QString programDir, QString documentsDir);
@@ -32,7 +35,7 @@ class Paths {
   QString remarksTemplate() const { return inProgramDir(QStringLiteral("Ksv_Remarks.txt")); }
   QString headingRtf() const { return inProgramDir(QStringLiteral("KestrovaneHead.rtf")); }
   QString headingBmp() const { return inProgramDir(QStringLiteral("KestrovaneHead.bmp")); }
-  QString exampleFile() const { return inProgramDir(QStringLiteral("KestrovaneTry.ksv")); }
+  QString exampleFile() const { return inProgramDir(QLatin1String(kExampleFileName)); }
   QString tempPlanning() const { return inProgramDir(QStringLiteral("Temp.ksv")); }
 
  private:

@@ -11,8 +11,6 @@ class Messages;
 class Paths;
 class Texts;
 
-inline constexpr const char* kExampleFileName = "KestrovaneTry.ksv";
-
 // Where the installed example lives: the documents folder.
 QString installedExample(const Paths& paths);
 

@@ -15,6 +15,7 @@
 #include "creation.h"
 #include "net/access_check.h"
 #include "file_operations.h"
+#include "install_example.h"
 #include "lock_file.h"
 #include "session_menus.h"
 #include "sqlite_db.h"
@@ -385,7 +386,7 @@ void PlanningSession::M_Example() {
     Empty_Board();
     return;
   }
-  setCurrent(ctx_.paths.documentsDir() + QStringLiteral("/KestrovaneTry.ksv"));
+  setCurrent(installedExample(ctx_.paths));
   Updating = QStringLiteral("O");
   writeOption("Reservation", "Updating", Updating);
   Open_Current();
