@@ -80,8 +80,9 @@ std::unique_ptr<BoardGestures> wireBoardGestures(const BoardGesturesContext& ctx
     r->Dessiner_Ecran = [&v = c.view] { v.Dessiner_Ecran(); };
     return r;
   };
-  hooks.openers = [c, shared](BookingRecords& records) {
-    auto booking = std::make_shared<GestureBooking>(c, records);
+  // The records a gesture hands back are those newRecords made.
+  hooks.openers = [c, shared](GestureRecords& records) {
+    auto booking = std::make_shared<GestureBooking>(c, static_cast<BookingRecords&>(records));
     QWidget* parent = &c.board;
     BookingDialogOpeners open;
     if (shared->Reservation)
@@ -92,9 +93,9 @@ std::unique_ptr<BoardGestures> wireBoardGestures(const BoardGesturesContext& ctx
       open.ReservationGrp = [shared, booking, parent] { shared->ReservationGrp(booking->context, parent); };
     return open;
   };
-  hooks.ReservationCreer = [c, shared](BookingRecords& records) {
+  hooks.ReservationCreer = [c, shared](GestureRecords& records) {
     if (!shared->ReservationCreer) return;
-    GestureBooking booking(c, records);
+    GestureBooking booking(c, static_cast<BookingRecords&>(records));
     shared->ReservationCreer(booking.context, &c.board);
   };
   auto gestures = std::make_unique<BoardGestures>(c.board.drawing(), c.options, c.messages, c.texts, std::move(hooks));

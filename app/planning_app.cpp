@@ -23,7 +23,7 @@
 #include "config/ini_file.h"
 #include "config/legacy_options.h"
 #include "config/langage.h"
-#include "config/option_in_planning.h"
+#include "storage/option_in_planning.h"
 #include "config/reg_settings.h"
 #include "config/start_options.h"
 #include "config/ui/langage_dialog.h"

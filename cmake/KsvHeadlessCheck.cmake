@@ -1,4 +1,4 @@
-# The rules of every subsystem must run without a display. The headless library
+# The rules of every subsystem must run without a display. Each headless layer
 # links Qt::Core only, and this check refuses, at configure time, any include of
 # a Gui, Widgets or PrintSupport header from a source outside a ui/ folder.
 function(ksv_check_headless)

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "board_drawing.h"
-#include "bookings/booking_records.h"
 #include "config/loaded_options.h"
 #include "core/messages.h"
 #include "core/texts.h"
@@ -43,7 +42,7 @@ void BoardGestures::startRefresh() {
 // ------------------------------------------------------------------ labels
 
 void BoardGestures::readLabel(int index) {
-  BookingRecords& r = *records_;
+  GestureRecords& r = *records_;
   r.I_L = qint16(index);
   r.readClickedBooking();
   SelResource = r.Res_L;
@@ -111,7 +110,7 @@ void BoardGestures::openClicked() {
   if (!open.ReservationGrp) open.ReservationGrp = [] {};
   bool opened = false;
   try {
-    opened = openBooking(*records_, open);
+    opened = records_->openBooking(open);
   } catch (const StorageError& e) {
     messages_.critical(QString::fromUtf8(e.what()));
     opened = true;
@@ -246,7 +245,7 @@ void BoardGestures::drop() {
     SelLast = SelFirst.addDays(OrigFirst.daysTo(OrigLast));
   }
 
-  BookingRecords& r = *records_;
+  GestureRecords& r = *records_;
   r.Res_L = SelResource;
   r.DD_L = SelFirst;
   r.DF_L = SelLast;

@@ -11,13 +11,12 @@
 #include <QString>
 #include <QtGlobal>
 
-#include "bookings/booking_opening.h"
+#include "gesture_records.h"
 #include "twips.h"
 
 namespace ksv {
 
 class BoardDrawing;
-class BookingRecords;
 class Messages;
 class Texts;
 struct LoadedOptions;
@@ -34,11 +33,11 @@ struct GestureHooks {
   std::function<void(int value)> setVScroll;
   // A fresh buffer over the open planning, its RS and R_TB already set;
   // null when no planning is open.
-  std::function<std::unique_ptr<BookingRecords>()> newRecords;
+  std::function<std::unique_ptr<GestureRecords>()> newRecords;
   // The dialogs of a clicked booking, for that buffer. Empty openers open nothing.
-  std::function<BookingDialogOpeners(BookingRecords&)> openers;
+  std::function<BookingDialogOpeners(GestureRecords&)> openers;
   // ReservationCreer, modal, with Res_L and DD_L of the buffer filled.
-  std::function<void(BookingRecords&)> ReservationCreer;
+  std::function<void(GestureRecords&)> ReservationCreer;
 };
 
 // The gap caption shown while the left button is held on an empty cell.
@@ -130,7 +129,7 @@ class BoardGestures {
   Messages& messages_;
   const Texts& texts_;
   GestureHooks hooks_;
-  std::unique_ptr<BookingRecords> records_;
+  std::unique_ptr<GestureRecords> records_;
   bool dragging_ = false;
 };
 

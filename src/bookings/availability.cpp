@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "booking_buffer.h"
+#include "board/booking_buffer.h"
 #include "core/clock.h"
 #include "storage/query_command.h"
 #include "storage/recordset.h"

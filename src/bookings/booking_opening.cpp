@@ -18,4 +18,6 @@ bool openBooking(BookingRecords& records, const BookingDialogOpeners& open) {
   return true;
 }
 
+bool BookingRecords::openBooking(const BookingDialogOpeners& open) { return ksv::openBooking(*this, open); }
+
 }  // namespace ksv

@@ -8,11 +8,9 @@
 // Two bookings on one resource may overlap: nothing here refuses it; the
 // availability rules are what warn about a taken resource.
 
-#include <functional>
-
 #include <QString>
 
-#include "booking_buffer.h"
+#include "board/gesture_records.h"
 
 namespace ksv {
 
@@ -22,7 +20,7 @@ class Messages;
 class Recordset;
 class Texts;
 
-class BookingRecords : public BookingBuffer {
+class BookingRecords : public GestureRecords {
  public:
   BookingRecords(Database& db, const Clock& clock, Messages& messages, const Texts& texts);
 
@@ -34,17 +32,17 @@ class BookingRecords : public BookingBuffer {
 
   // Result of Found_Other_SplitPart.
   bool Flg_OkCl = false;
-  // Redraws the board after a lost split part became a whole booking.
-  std::function<void()> Dessiner_Ecran;
 
   // The row at I_L of RS into the buffer, Null texts as "", and the identity
   // kept in Res_S, DD_S, DF_S.
-  void readClickedBooking();
+  void readClickedBooking() override;
+  // Defined in booking_opening.cpp.
+  bool openBooking(const BookingDialogOpeners& open) override;
 
   void Creer_Reservation();
   void MAJ_Reservation();
   void MAJ_ReservationSplit();
-  void MAJ_Recherche();
+  void MAJ_Recherche() override;
   // `invNb` is the invoice window's number text: blank sets Null.
   void UpdateInvNbReservation(const QString& invNb);
   void UpdateInvNbReservationSplit(const QString& invNb);

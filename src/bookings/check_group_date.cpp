@@ -1,6 +1,6 @@
 #include "check_group_date.h"
 
-#include "booking_buffer.h"
+#include "board/booking_buffer.h"
 #include "booking_context.h"
 #include "config/loaded_options.h"
 #include "core/messages.h"

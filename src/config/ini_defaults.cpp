@@ -2,7 +2,7 @@
 
 #include "core/day_date.h"
 #include "ini_file.h"
-#include "net/access_code.h"
+#include "config/access_code.h"
 
 namespace ksv {
 

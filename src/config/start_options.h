@@ -8,7 +8,7 @@
 #include <functional>
 
 #include "core/texts.h"
-#include "net/access_check.h"
+#include "config/access_check.h"
 
 namespace ksv {
 

@@ -11,7 +11,7 @@
 #include "ini_defaults.h"
 #include "ini_file.h"
 #include "legacy_options.h"
-#include "net/access_code.h"
+#include "config/access_code.h"
 
 namespace ksv {
 namespace {

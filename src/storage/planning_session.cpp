@@ -13,7 +13,7 @@
 #include "core/regional.h"
 #include "core/texts.h"
 #include "creation.h"
-#include "net/access_check.h"
+#include "config/access_check.h"
 #include "file_operations.h"
 #include "install_example.h"
 #include "lock_file.h"

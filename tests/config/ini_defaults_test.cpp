@@ -7,7 +7,7 @@
 #include "config/ini_file.h"
 #include "config/update_ini.h"
 #include "core/texts.h"
-#include "net/access_code.h"
+#include "config/access_code.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 

@@ -3,7 +3,7 @@
 #include "config/ini_file.h"
 #include "config/start_options.h"
 #include "core/clock.h"
-#include "net/access_code.h"
+#include "config/access_code.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 

@@ -57,7 +57,7 @@ class BoardGesturesTest : public ::testing::Test {
       r->setRecordsets(&board_.view, &planning_.objects().Reservation);
       return r;
     };
-    hooks.openers = [this](BookingRecords& r) {
+    hooks.openers = [this](GestureRecords& r) {
       BookingDialogOpeners o;
       o.Reservation = [this, &r] {
         opened_ << "Reservation " + r.Nom_L;
@@ -70,7 +70,7 @@ class BoardGesturesTest : public ::testing::Test {
       o.ReservationGrp = [this] { opened_ << "ReservationGrp"; };
       return o;
     };
-    hooks.ReservationCreer = [this](BookingRecords& r) {
+    hooks.ReservationCreer = [this](GestureRecords& r) {
       opened_ << "ReservationCreer " + r.Res_L + " " + r.DD_L.toString(Qt::ISODate);
     };
     gestures_ = std::make_unique<BoardGestures>(board_, options_, messages_, texts_, std::move(hooks));

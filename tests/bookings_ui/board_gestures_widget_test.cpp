@@ -65,7 +65,7 @@ class BoardGesturesWidgetTest : public ::testing::Test {
       r->setRecordsets(&drawing_.view, &planning_.objects().Reservation);
       return r;
     };
-    hooks.openers = [this](BookingRecords& r) {
+    hooks.openers = [this](GestureRecords& r) {
       BookingDialogOpeners o;
       o.Reservation = [this, &r] {
         opened_ << "Reservation " + r.Nom_L;
@@ -73,7 +73,7 @@ class BoardGesturesWidgetTest : public ::testing::Test {
       };
       return o;
     };
-    hooks.ReservationCreer = [this](BookingRecords& r) {
+    hooks.ReservationCreer = [this](GestureRecords& r) {
       opened_ << "ReservationCreer " + r.Res_L + " " + r.DD_L.toString(Qt::ISODate);
     };
     gestures_ = std::make_unique<BoardGestures>(drawing_, options_, messages_, texts_, std::move(hooks));

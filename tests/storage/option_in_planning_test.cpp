@@ -2,7 +2,7 @@
 
 #include "config/ini_defaults.h"
 #include "config/ini_file.h"
-#include "config/option_in_planning.h"
+#include "storage/option_in_planning.h"
 #include "core/texts.h"
 #include "storage/connecting.h"
 #include "storage/creation.h"

@@ -1,10 +1,10 @@
 #include "option_in_planning.h"
 
+#include "config/ini_file.h"
 #include "core/messages.h"
 #include "core/texts.h"
-#include "ini_file.h"
-#include "storage/recordset.h"
-#include "storage/sqlite_db.h"
+#include "recordset.h"
+#include "sqlite_db.h"
 
 namespace ksv {
 
