@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include <QApplication>
+#include <QIcon>
 #include <QTextStream>
 
 #include "core/clock.h"
@@ -44,5 +45,18 @@ int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Kestrovane"));
   QApplication::setApplicationVersion(QStringLiteral(KSV_VERSION_TEXT));
-  return ksv::runPlanningWindow(app, example);
+  // The desktop ties the window to the menu entry; the icon comes from the
+  // installed icon theme (none in a build tree).
+  QGuiApplication::setDesktopFileName(QStringLiteral("kestrovane"));
+  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kestrovane")));
+  // A planning named on the command line, as a double click on a .ksv file
+  // passes it; Qt has taken its own options out of the arguments by now.
+  QString planning;
+  for (const QString& arg : QCoreApplication::arguments().mid(1)) {
+    if (!arg.startsWith(QLatin1Char('-'))) {
+      planning = arg;
+      break;
+    }
+  }
+  return ksv::runPlanningWindow(app, example, planning);
 }

@@ -103,7 +103,7 @@ void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& v
 
 }  // namespace
 
-int runPlanningWindow(QApplication& app, bool openExample) {
+int runPlanningWindow(QApplication& app, bool openExample, const QString& planning) {
   Texts texts(0);
   QtMessages messages(nullptr, texts);
   const SystemClock clock;
@@ -211,11 +211,11 @@ int runPlanningWindow(QApplication& app, bool openExample) {
   window.show();
 
   // The last planning opens once the window is on the screen.
-  QTimer::singleShot(0, &window, [&session, openExample] {
+  QTimer::singleShot(0, &window, [&session, openExample, planning] {
     if (openExample)
       session.M_Example();
     else
-      session.firstFocus(capsLockOn());
+      session.firstFocus(capsLockOn(), planning);
   });
   return app.exec();
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing on a Debian 12 machine, builds, then runs the program
-# (`run`), the tests (`test`), or only builds (`build`).
+# (`run`), the tests (`test`), makes the Debian package (`package`), or only
+# builds (`build`).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,7 +9,8 @@ PACKAGES=(g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libgl-dev fonts-dejavu-core
   libsqlite3-dev sqlite3 libcurl4-openssl-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  poppler-utils python3-pyftpdlib xvfb xauth)
+  poppler-utils python3-pyftpdlib xvfb xauth
+  librsvg2-bin desktop-file-utils shared-mime-info man-db dpkg-dev file)
 
 install_missing() {
   local missing=()
@@ -41,12 +43,17 @@ case "${1:-}" in
     cd build
     QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
     ;;
+  package)
+    install_missing
+    build
+    (cd build && cpack -G DEB)
+    ;;
   build)
     install_missing
     build
     ;;
   *)
-    echo "usage: scripts/setup.sh run|test|build" >&2
+    echo "usage: scripts/setup.sh run|test|package|build" >&2
     exit 2
     ;;
 esac

@@ -255,7 +255,8 @@ class CommandRun {
 
 void printHelp(QTextStream& out, const Texts& texts) {
   for (int entry : {txt::CliUsage, txt::CliHelpNew, txt::CliHelpCompact, txt::CliHelpBackup, txt::CliHelpExtract,
-                    txt::CliHelpPurge, txt::CliHelpCheck, txt::CliHelpHelp, txt::CliHelpVersion, txt::CliHelpExample})
+                    txt::CliHelpPurge, txt::CliHelpCheck, txt::CliHelpHelp, txt::CliHelpVersion, txt::CliHelpExample,
+                    txt::CliHelpOpen})
     out << texts.get(entry) << Qt::endl;
   out << Qt::endl << texts.get(txt::CliHelpTarget) << Qt::endl;
 }

@@ -52,11 +52,22 @@ QString PlanningSession::initialDir() const {
 
 // ---------------------------------------------------------------- start
 
-void PlanningSession::firstFocus(bool capsLockOn) {
+void PlanningSession::firstFocus(bool capsLockOn, const QString& given) {
   if (focusDone_) return;
   focusDone_ = true;
   if (capsLockOn && ctx_.messages.askYesNo(ctx_.texts.get(txt::CapsLockOn), MsgAnswer::No)) return;
-  if (firstRun && ctx_.messages.askYesNo(ctx_.texts.get(txt::OpenExample))) {
+  if (!given.isEmpty()) {
+    const QString file = QFileInfo(given).absoluteFilePath();
+    if (!hasPlanningExtension(file)) {
+      ctx_.messages.critical(ctx_.texts.withName(txt::NotAPlanning, given));
+    } else if (!QFileInfo(file).isFile()) {
+      ctx_.messages.critical(ctx_.texts.withName(txt::PlanningMissing, given));
+    } else {
+      setCurrent(file);
+      Open_Current();
+      return;
+    }
+  } else if (firstRun && ctx_.messages.askYesNo(ctx_.texts.get(txt::OpenExample))) {
     M_Example();
     return;
   }

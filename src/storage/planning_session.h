@@ -97,7 +97,10 @@ class PlanningSession {
   std::function<void()> resetReminder;             // the results' reset reminder
 
   // The first focus of the window, once: Caps Lock, the example, LastFile.
-  void firstFocus(bool capsLockOn);
+  // A planning `given` on the command line (a double click on a .ksv file)
+  // opens instead of the example and of LastFile; one that is no planning is
+  // told, and LastFile opens as usual.
+  void firstFocus(bool capsLockOn, const QString& given = QString());
 
   void Open_Current();
   void Open_DB();

@@ -379,3 +379,34 @@ TEST_F(Session, TheExampleOpensInNormalMode) {
   EXPECT_EQ(ini.GetValue("Reservation", "Updating"), "O");
   EXPECT_FALSE(s->firstRun);
 }
+
+// A planning named on the command line wins over LastFile and over the
+// example's question; a name that is no planning is told and LastFile opens.
+TEST_F(Session, APlanningGivenOnTheCommandLine) {
+  const QString last = makePlanning("Last.ksv");
+  const QString given = makePlanning("Given.ksv");
+  QFile text(folders.document("Notes.txt"));
+  ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+  text.close();
+  const struct {
+    QString argument;
+    QString opened;
+    QString message;
+  } cases[] = {
+      {given, given, ""},
+      {folders.document("Gone.ksv"), last, "The Planning - " + folders.document("Gone.ksv") + " - doesn't exist"},
+      {folders.document("Notes.txt"), last, "The file - " + folders.document("Notes.txt") + " - is not a Planning"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.argument.toStdString());
+    ini.SetValue("Remember", "LastFile", last);
+    messages.clear();
+    auto s = session();
+    s->firstRun = c.message.isEmpty();  // a given planning asks nothing about the example
+    s->firstFocus(false, c.argument);
+    ASSERT_TRUE(s->IsOpen);
+    EXPECT_EQ(s->openFile, c.opened);
+    EXPECT_EQ(messages.texts(), c.message.isEmpty() ? QStringList() : QStringList{c.message});
+    EXPECT_EQ(ini.GetValue("Remember", "LastFile"), c.opened);
+  }
+}
