@@ -9,10 +9,12 @@ set(CPACK_PACKAGE_NAME kestrovane)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "Kestrovane developers <kestrovane@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "reservations for small hotels and guest houses")
-set(CPACK_PACKAGE_DESCRIPTION "Kestrovane shows a planning board, one row per room and one column per day, \
-with each booking a coloured label. It keeps customers, agents and a black list, issues invoices \
-and reports financial and occupancy results. All the data of an establishment lives in one \
-planning file (.ksv, SQLite), shared between workstations. It speaks English and French.")
+string(JOIN "\n" CPACK_PACKAGE_DESCRIPTION
+  "Kestrovane shows a planning board, one row per room and one column per day,"
+  "with each booking a coloured label. It keeps customers, agents and a black"
+  "list, issues invoices and reports financial and occupancy results. All the"
+  "data of an establishment lives in one planning file (.ksv, SQLite), shared"
+  "between workstations. It speaks English and French.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
