@@ -28,21 +28,11 @@
 #include "storage/schema.h"
 #include "storage/sqlite_db.h"
 #include "support/scripted_messages.h"
+#include "support/test_board.h"
 #include "support/temp_folders.h"
 
 using namespace ksv;
 
-namespace {
-
-BoardFrame smallFrame() {
-  ScreenDescription screen;
-  readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-  BoardFrame frame;
-  frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "300", "4", "300", "1200", "200"});
-  return frame;
-}
-
-}  // namespace
 
 TEST(BoardGesturesApp, EachGestureGivesTheDialogsAContextOverTheOpenPlanning) {
   test::TempFolders folders;
@@ -66,7 +56,7 @@ TEST(BoardGesturesApp, EachGestureGivesTheDialogsAContextOverTheOpenPlanning) {
   ini.SetValue("Remember", "LastFile", path);
 
   const LoadedOptions options = Charger_Param(ini, clock);
-  const BoardFrame frame = smallFrame();
+  const BoardFrame frame = test::smallFrame(300);
   const BoardDates dates = boardDates(options.boardOrigin, clock.today());
   BoardDrawing drawing({frame, options, messages, texts, folders.paths(), regional, [&clock] { return clock.today(); }});
   drawing.setFirstDate(dates.FirstDate);

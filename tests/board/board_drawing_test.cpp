@@ -2,40 +2,16 @@
 
 #include <QFile>
 
-#include "board/board_drawing.h"
-#include "board/screen_description.h"
-#include "config/charger_param.h"
-#include "config/ini_file.h"
-#include "core/regional.h"
 #include "core/texts.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/test_board.h"
 
 using namespace ksv;
 
 namespace {
 
-// A small board: 10 days of 200 twips, 4 rows of 300, labels 200 high.
-BoardFrame smallFrame() {
-  ScreenDescription screen;
-  readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-  BoardFrame frame;
-  frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "200", "4", "300", "1000", "200"});
-  return frame;
-}
-
-class BoardDrawingTest : public ::testing::Test {
+class BoardDrawingTest : public test::TestBoard {
  protected:
-  BoardDrawingTest()
-      : ini_(planning_.paths().iniFile()),
-        options_(Charger_Param(ini_, planning_.clock())),
-        frame_(smallFrame()),
-        regional_(Regional::englishUS()),
-        board_(BoardContext{frame_, options_, messages_, texts_, planning_.paths(), regional_,
-                            [] { return QDate(2025, 3, 10); }}) {
-    board_.setFirstDate(QDate(2025, 3, 1));
-    board_.HPos = 5;  // the view runs from 6 to 15 March 2025
-  }
+  BoardDrawingTest() { board_.HPos = 5; }  // the view runs from 6 to 15 March 2025
 
   void open() { board_.setSession(&planning_.objects()); }
   void threeRooms() {
@@ -50,20 +26,11 @@ class BoardDrawingTest : public ::testing::Test {
   }
   int gridLeft() const { return frame_.GridLeft(); }
   int gridTop() const { return frame_.GridTop(); }
-
-  test::TestPlanning planning_;
-  test::ScriptedMessages messages_;
-  Texts texts_{0};
-  IniFile ini_;
-  LoadedOptions options_;
-  BoardFrame frame_;
-  Regional regional_;
-  BoardDrawing board_;
 };
 
 TEST_F(BoardDrawingTest, ALabelRunsFromTheMiddleOfItsArrivalCellToTheMiddleOfItsDepartureCell) {
   threeRooms();
-  planning_.addBooking("Room 2", QDate(2025, 3, 7), QDate(2025, 3, 10), "Martin", 2);
+  planning_.addBooking("Room 2", QDate(2025, 3, 7), QDate(2025, 3, 10), "Martin", {{"Couleur", 2}});
   open();
   board_.Dessiner_Ecran();
 
@@ -82,9 +49,9 @@ TEST_F(BoardDrawingTest, ALabelRunsFromTheMiddleOfItsArrivalCellToTheMiddleOfIts
 
 TEST_F(BoardDrawingTest, SplitPartsAndGroupMembersAreMarkedAndStatesPickTheirColours) {
   threeRooms();
-  planning_.addBooking("Room 1", QDate(2025, 3, 6), QDate(2025, 3, 8), "Split", 0, "1");
-  planning_.addBooking("Room 2", QDate(2025, 3, 6), QDate(2025, 3, 8), "Grouped", 4, "2", 7);
-  planning_.addBooking("Room 3", QDate(2025, 3, 6), QDate(2025, 3, 8), "Header", 1, "3", 0);
+  planning_.addBooking("Room 1", QDate(2025, 3, 6), QDate(2025, 3, 8), "Split", {{"Split", "1"}});
+  planning_.addBooking("Room 2", QDate(2025, 3, 6), QDate(2025, 3, 8), "Grouped", {{"Couleur", 4}, {"Split", "2"}, {"GroupNb", 7}});
+  planning_.addBooking("Room 3", QDate(2025, 3, 6), QDate(2025, 3, 8), "Header", {{"Couleur", 1}, {"Split", "3"}});
   open();
   board_.Dessiner_Ecran();
   ASSERT_EQ(board_.LabCount, 3);
@@ -240,20 +207,6 @@ TEST_F(BoardDrawingTest, NoResourcesLeaveABlankBoard) {
   EXPECT_EQ(board_.LabCount, 0);
 }
 
-TEST_F(BoardDrawingTest, DaysAndResourcesAreComputedAgainOnlyWhenTheirPositionMoved) {
-  threeRooms();
-  open();
-  board_.Dessiner_Ecran();
-  const int days = board_.daysVersion, resources = board_.resourcesVersion;
-  board_.Dessiner_Ecran();
-  EXPECT_EQ(board_.daysVersion, days);
-  EXPECT_EQ(board_.resourcesVersion, resources);
-  board_.Redraw("D");
-  EXPECT_GT(board_.daysVersion, days);
-  EXPECT_EQ(board_.resourcesVersion, resources);
-  board_.Redraw("R");
-  EXPECT_GT(board_.resourcesVersion, resources);
-}
 
 TEST_F(BoardDrawingTest, WithTheAvailabilityViewOnAScrollDrawsTheDaysBeforeTheCounts) {
   threeRooms();

@@ -201,19 +201,6 @@ TEST_F(CalendarTest, NarrowingTheRangeBringsTheShownMonthIntoIt) {
   EXPECT_EQ(cal.shownMonth(), QDate(2025, 4, 1));
 }
 
-TEST_F(CalendarTest, SurfaceRedrawsOnEveryChange) {
-  FakeSurface surface;
-  cal.setPictureBox(&surface);
-  cal.SetDate(QDate(2025, 3, 14));
-  const int afterSet = surface.redraws;
-  EXPECT_GT(afterSet, 0);
-  pressBar(1);
-  EXPECT_EQ(surface.redraws, afterSet + 1);
-  pressDay(QDate(2025, 2, 3));
-  EXPECT_EQ(surface.redraws, afterSet + 2);
-  cal.SetType(3);
-  EXPECT_EQ(surface.redraws, afterSet + 3);
-}
 
 TEST_F(CalendarTest, ThemesAndMarks) {
   cal.SetDate(QDate(2025, 3, 14));

@@ -3,57 +3,21 @@
 
 #include <gtest/gtest.h>
 
-#include "board/screen_description.h"
-#include "config/charger_param.h"
-#include "config/ini_file.h"
-#include "core/regional.h"
 #include "core/texts.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/test_board.h"
 
 using namespace ksv;
 
 namespace {
 
-// 10 days of 200 twips, 4 resource rows of 300.
-BoardFrame smallFrame() {
-  ScreenDescription screen;
-  readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-  BoardFrame frame;
-  frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "200", "4", "300", "1000", "200"});
-  return frame;
-}
-
-class ManualControlTest : public ::testing::Test {
+class ManualControlTest : public test::TestBoard {
  protected:
-  ManualControlTest()
-      : ini_(planning_.paths().iniFile()),
-        options_(Charger_Param(ini_, planning_.clock())),
-        frame_(smallFrame()),
-        regional_(Regional::englishUS()),
-        board_(BoardContext{frame_, options_, messages_, texts_, planning_.paths(), regional_,
-                            [] { return QDate(2025, 3, 10); }}) {
-    board_.setFirstDate(QDate(2025, 3, 1));
-    board_.HPos = 5;  // 6 to 15 March 2025
-  }
+  ManualControlTest() { board_.HPos = 5; }  // 6 to 15 March 2025
 
   void rooms(int n) {
     for (int i = 1; i <= n; ++i) planning_.addResource(QString("Room %1").arg(i), 0, 2 * i - 1);
   }
-  void draw() {
-    board_.setSession(&planning_.objects());
-    board_.Dessiner_Ecran();
-  }
-  QDate mar(int d) { return QDate(2025, 3, d); }
-
-  test::TestPlanning planning_;
-  test::ScriptedMessages messages_;
-  Texts texts_{0};
-  IniFile ini_;
-  LoadedOptions options_;
-  BoardFrame frame_;
-  Regional regional_;
-  BoardDrawing board_;
+  void draw() { open(); }
 };
 
 TEST_F(ManualControlTest, AnEmptyScreenHidesTheMarkerAndDisablesTheItemButtons) {

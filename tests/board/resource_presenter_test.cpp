@@ -144,9 +144,9 @@ TEST_F(ResourceTest, RenamingMovesEveryBookingOfTheOldNameAfterTheQuestion) {
 }
 
 TEST_F(ResourceTest, DeletingTakesTheBookingsAndTheirInvoicesWithIt) {
-  planning_.addBooking("Room 2", QDate(2025, 3, 1), QDate(2025, 3, 4), "Martin", 0, "0", 0, -3);
+  planning_.addBooking("Room 2", QDate(2025, 3, 1), QDate(2025, 3, 4), "Martin", {{"InvNb", -3}});
   planning_.addBooking("Room 2", QDate(2025, 3, 5), QDate(2025, 3, 8), "Durand");
-  planning_.addBooking("Room 1", QDate(2025, 3, 5), QDate(2025, 3, 8), "Kept", 0, "0", 0, 12);
+  planning_.addBooking("Room 1", QDate(2025, 3, 5), QDate(2025, 3, 8), "Kept", {{"InvNb", 12}});
   QStringList invoices;
   commands_.clearInvoiceLink = [&](const QString& n) { invoices << n; };
   pressOn(1);

@@ -4,67 +4,36 @@
 #include <QImage>
 #include <QMouseEvent>
 
-#include "board/board_drawing.h"
-#include "board/screen_description.h"
 #include "board/ui/board_colors.h"
 #include "board/ui/board_widget.h"
-#include "config/charger_param.h"
-#include "config/ini_file.h"
-#include "core/regional.h"
 #include "core/texts.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/test_board.h"
 
 using namespace ksv;
 
 namespace {
 
-class BoardWidgetTest : public ::testing::Test {
+class BoardWidgetTest : public test::TestBoard {
  protected:
-  BoardWidgetTest()
-      : ini_(planning_.paths().iniFile()),
-        options_(Charger_Param(ini_, planning_.clock())),
-        frame_(makeFrame()),
-        regional_(Regional::englishUS()),
-        drawing_(BoardContext{frame_, options_, messages_, texts_, planning_.paths(), regional_,
-                              [] { return QDate(2025, 3, 10); }}) {
-    drawing_.setFirstDate(QDate(2025, 3, 1));
-  }
-  static BoardFrame makeFrame() {
-    ScreenDescription screen;
-    readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-    BoardFrame frame;
-    frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "300", "4", "300", "1200", "200"});
-    return frame;
-  }
-
-  test::TestPlanning planning_;
-  test::ScriptedMessages messages_;
-  Texts texts_{0};
-  IniFile ini_;
-  LoadedOptions options_;
-  BoardFrame frame_;
-  Regional regional_;
-  BoardDrawing drawing_;
-};
+  BoardWidgetTest() : TestBoard(300) {}};
 
 }  // namespace
 
 TEST_F(BoardWidgetTest, PaintsEachBookingWhereTheLayoutPutsIt) {
   planning_.addResource("Room 1", 0, 1);
   planning_.addResource("Room 2", 1, 2);
-  planning_.addBooking("Room 2", QDate(2025, 3, 3), QDate(2025, 3, 6), "Martin", 2);
-  drawing_.setSession(&planning_.objects());
+  planning_.addBooking("Room 2", QDate(2025, 3, 3), QDate(2025, 3, 6), "Martin", {{"Couleur", 2}});
+  board_.setSession(&planning_.objects());
 
-  BoardWidget board(drawing_, options_, texts_);
+  BoardWidget board(board_, options_, texts_);
   board.resize(1024, 600);
   board.setDayRange(300, 9);
   board.scrollTo(0, 0);
   board.Dessiner_Ecran();
-  ASSERT_EQ(drawing_.LabCount, 1);
+  ASSERT_EQ(board_.LabCount, 1);
 
   const QImage image = board.grab().toImage();
-  const QRect label = board.pixels(drawing_.Lab[0].rect);
+  const QRect label = board.pixels(board_.Lab[0].rect);
   ASSERT_TRUE(image.rect().contains(label));
   // The label's own colour inside it (right of its text), not outside it on the same row.
   EXPECT_EQ(image.pixelColor(label.right() - 3, label.center().y()), bgrColor(static_cast<int>(options_.BookingBack[2])));
@@ -76,9 +45,9 @@ TEST_F(BoardWidgetTest, PaintsEachBookingWhereTheLayoutPutsIt) {
 
 TEST_F(BoardWidgetTest, TheMonthStripAndTheLabelsAnswerPresses) {
   planning_.addResource("Room 1", 0, 1);
-  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 4), "Durand", 1);
-  drawing_.setSession(&planning_.objects());
-  BoardWidget board(drawing_, options_, texts_);
+  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 4), "Durand", {{"Couleur", 1}});
+  board_.setSession(&planning_.objects());
+  BoardWidget board(board_, options_, texts_);
   board.resize(1024, 600);
   board.setDayRange(300, 9);
   board.scrollTo(0, 0);
@@ -94,7 +63,7 @@ TEST_F(BoardWidgetTest, TheMonthStripAndTheLabelsAnswerPresses) {
   };
   press(board.pixels(frame_.Mois(3)).center());
   EXPECT_EQ(months, 1);
-  press(board.pixels(drawing_.Lab[0].rect).center());
+  press(board.pixels(board_.Lab[0].rect).center());
   EXPECT_EQ(labelIndex, 0);
   EXPECT_EQ(months, 1);
 }

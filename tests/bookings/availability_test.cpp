@@ -4,32 +4,34 @@
 #include "bookings/availability_view.h"
 #include "config/loaded_options.h"
 
-#include "booking_planning.h"
+#include "support/test_planning.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class AvailabilityTest : public BookingPlanning {
+QDate day(int d, int m = 7) { return QDate(2024, m, d); }
+
+class AvailabilityTest : public PlanningTest {
  protected:
+  AvailabilityTest() : PlanningTest(QDate(2024, 6, 15)) {}
   void SetUp() override {
-    BookingPlanning::SetUp();
     // Category 0: 101, 102, 103; category 2: 201 and the pseudo-room "Extra*".
-    resource("103", 0, 3);
-    resource("101", 0, 1);
-    resource("102", 0, 2);
-    resource("201", 2, 4);
-    resource("Extra*", 2, 5);
+    plan.addResource("103", 0, 3);
+    plan.addResource("101", 0, 1);
+    plan.addResource("102", 0, 2);
+    plan.addResource("201", 2, 4);
+    plan.addResource("Extra*", 2, 5);
   }
-  Availability availability_{db_, clock_};
+  Availability availability_{plan.db(), plan.clock()};
 };
 
 TEST_F(AvailabilityTest, CategoryIsTheResourceColour) {
   EXPECT_EQ(availability_.GetCategory("201"), 2);
   EXPECT_EQ(availability_.GetCategory("102"), 0);
   EXPECT_EQ(availability_.GetCategory("999"), -1);
-  db_.execute("DELETE FROM Resource");
+  plan.db().execute("DELETE FROM Resource");
   EXPECT_EQ(availability_.GetCategory("201"), -1);
 }
 
@@ -40,13 +42,13 @@ TEST_F(AvailabilityTest, ReversedOrEmptyPeriodGivesMinusOne) {
 
 TEST_F(AvailabilityTest, TouchingStaysLeaveTheResourceFreeWithTheirDistance) {
   // Period 10 to 14 July.
-  booking("101", day(6), day(10), "LeavesOnFirstDay");
-  booking("101", day(14), day(16), "ArrivesOnLastDay");
-  booking("102", day(1), day(7), "LeftEarlier");
-  booking("102", day(20), day(25), "ComesLater");
-  booking("102", day(2), day(5), "FurtherBefore");
-  booking("103", day(13), day(15), "Overlaps");
-  booking("103", day(15), day(20), "AfterTheOverlap");  // does not reopen it
+  plan.addBooking("101", day(6), day(10), "LeavesOnFirstDay");
+  plan.addBooking("101", day(14), day(16), "ArrivesOnLastDay");
+  plan.addBooking("102", day(1), day(7), "LeftEarlier");
+  plan.addBooking("102", day(20), day(25), "ComesLater");
+  plan.addBooking("102", day(2), day(5), "FurtherBefore");
+  plan.addBooking("103", day(13), day(15), "Overlaps");
+  plan.addBooking("103", day(15), day(20), "AfterTheOverlap");  // does not reopen it
 
   EXPECT_EQ(availability_.Available_Nb(day(10), day(14), 0), 2);
   EXPECT_EQ(availability_.Res_Free.mid(0, 2), (QStringList{"101", "102"}));
@@ -57,8 +59,8 @@ TEST_F(AvailabilityTest, TouchingStaysLeaveTheResourceFreeWithTheirDistance) {
 }
 
 TEST_F(AvailabilityTest, NothingWithinThirtyDaysReadsAsThirtyOne) {
-  booking("201", day(1, 6), day(5, 6), "FarBefore");
-  booking("201", day(20, 8), day(25, 8), "FarAfter");
+  plan.addBooking("201", day(1, 6), day(5, 6), "FarBefore");
+  plan.addBooking("201", day(20, 8), day(25, 8), "FarAfter");
   ASSERT_EQ(availability_.Available_Nb(day(10), day(14), 2), 2);
   EXPECT_EQ(availability_.Res_Free.mid(0, 2), (QStringList{"201", "Extra*"}));
   EXPECT_EQ(availability_.Before_Free[0], kFarAway);
@@ -66,16 +68,16 @@ TEST_F(AvailabilityTest, NothingWithinThirtyDaysReadsAsThirtyOne) {
 }
 
 TEST_F(AvailabilityTest, AllCategoriesCountTheStarredResourceAndIgnoreLostResources) {
-  booking("201", day(10), day(12), "Busy");
+  plan.addBooking("201", day(10), day(12), "Busy");
   // A booking on a resource that is gone is ignored.
-  booking("Old", day(10), day(14), "Ghost");
+  plan.addBooking("Old", day(10), day(14), "Ghost");
   EXPECT_EQ(availability_.Available_Nb(day(10), day(14), -1), 4);
   EXPECT_EQ(availability_.Res_Free.mid(0, 4), (QStringList{"101", "102", "103", "Extra*"}));
 }
 
 TEST_F(AvailabilityTest, CompactionKeepsWhatLiesPastTheFreeEntries) {
-  booking("101", day(10), day(12), "Busy");
-  booking("102", day(10), day(12), "Busy");
+  plan.addBooking("101", day(10), day(12), "Busy");
+  plan.addBooking("102", day(10), day(12), "Busy");
   ASSERT_EQ(availability_.Available_Nb(day(10), day(14), 0), 1);
   // The lists are as long as the planning has resources.
   ASSERT_EQ(availability_.Res_Free.size(), 5);
@@ -87,10 +89,10 @@ TEST_F(AvailabilityTest, CompactionKeepsWhatLiesPastTheFreeEntries) {
 
 TEST_F(AvailabilityTest, DailyTablesCountFreeNightsPerCategory) {
   const QDate first = day(10);
-  booking("101", day(8), day(12), "ClippedAtStart");  // nights of the 10th and 11th
-  booking("102", day(11), day(12), "OneNight");
-  booking("201", day(13), day(30), "ClippedAtEnd");
-  booking("Extra*", day(10), day(14), "NotCounted");
+  plan.addBooking("101", day(8), day(12), "ClippedAtStart");  // nights of the 10th and 11th
+  plan.addBooking("102", day(11), day(12), "OneNight");
+  plan.addBooking("201", day(13), day(30), "ClippedAtEnd");
+  plan.addBooking("Extra*", day(10), day(14), "NotCounted");
 
   const AvailabilityTables t = availability_.SetAvailabilityTables(first, 5);
   ASSERT_TRUE(t.Flg_OkCl);
@@ -112,8 +114,8 @@ TEST_F(AvailabilityTest, DailyTablesCountFreeNightsPerCategory) {
 TEST_F(AvailabilityTest, TablesStartOnTheDayGivenNotToday) {
   // The view of a scrolled board starts on its first day shown, here a
   // month after today: the stay counts under its own nights only.
-  ASSERT_NE(day(20), today());
-  booking("201", day(22), day(24), "TwoNights");
+  ASSERT_NE(day(20), plan.clock().today());
+  plan.addBooking("201", day(22), day(24), "TwoNights");
   const AvailabilityTables t = availability_.SetAvailabilityTables(day(20), 6);
   EXPECT_EQ(t.first, day(20));
   std::vector<int> cat2;
@@ -122,7 +124,7 @@ TEST_F(AvailabilityTest, TablesStartOnTheDayGivenNotToday) {
   EXPECT_EQ(t.busy[3], (std::vector<bool>{false, false, true, true, false, false}));
 
   // From today, the same stay stands 37 and 38 days on.
-  const AvailabilityTables fromToday = availability_.SetAvailabilityTables(today(), 40);
+  const AvailabilityTables fromToday = availability_.SetAvailabilityTables(plan.clock().today(), 40);
   EXPECT_EQ(fromToday.free[36][2], 1);
   EXPECT_EQ(fromToday.free[37][2], 0);
   EXPECT_EQ(fromToday.free[38][2], 0);
@@ -130,7 +132,7 @@ TEST_F(AvailabilityTest, TablesStartOnTheDayGivenNotToday) {
 }
 
 TEST_F(AvailabilityTest, NoResourcesDrawNothing) {
-  db_.execute("DELETE FROM Resource");
+  plan.db().execute("DELETE FROM Resource");
   const AvailabilityTables t = availability_.SetAvailabilityTables(day(10), 5);
   EXPECT_FALSE(t.Flg_OkCl);
   EXPECT_TRUE(Draw_Available(t, LoadedOptions{}).empty());
@@ -161,7 +163,7 @@ TEST(AvailableColours, QuartersOfALargerCategory) {
 }
 
 TEST_F(AvailabilityTest, ViewHasALinePerCategoryWithRooms) {
-  booking("101", day(10), day(11), "OneNight");
+  plan.addBooking("101", day(10), day(11), "OneNight");
   LoadedOptions options;
   options.Categorie = QStringList{"Double", "Single", "Suite", "D", "E", "F"};
   options.CategoryBack = {1, 2, 3, 4, 5, 6};

@@ -2,92 +2,23 @@
 // label opens, the gap caption, the drag timers, and consultation mode.
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "board/board_drawing.h"
-#include "board/board_gestures.h"
-#include "board/screen_description.h"
-#include "bookings/booking_records.h"
-#include "config/charger_param.h"
-#include "config/ini_file.h"
-#include "core/regional.h"
 #include "core/texts.h"
+#include "support/test_board.h"
 #include "storage/sqlite_db.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
 
 using namespace ksv;
 
 namespace {
 
-// 10 days of 200 twips, 4 rows of 300, labels 200 high; the grid starts at
-// (1030, 720) and the scroll bar at 1920.
-BoardFrame smallFrame() {
-  ScreenDescription screen;
-  readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-  BoardFrame frame;
-  frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "200", "4", "300", "1000", "200"});
-  return frame;
-}
-
-class BoardGesturesTest : public ::testing::Test {
+class BoardGesturesTest : public test::TestBoard {
  protected:
-  BoardGesturesTest()
-      : ini_(planning_.paths().iniFile()),
-        options_(Charger_Param(ini_, planning_.clock())),
-        frame_(smallFrame()),
-        regional_(Regional::englishUS()),
-        board_(BoardContext{frame_, options_, messages_, texts_, planning_.paths(), regional_,
-                            [] { return QDate(2025, 3, 10); }}) {
-    board_.setFirstDate(QDate(2025, 3, 1));
+  BoardGesturesTest() {
     board_.HPos = 5;  // the view runs from 6 to 15 March 2025
     options_.LockDate = false;
-
-    GestureHooks hooks;
-    hooks.normalMode = [this] { return normalMode_; };
-    hooks.stopRefreshTimer = [this] { ++stops_; timerOn_ = false; };
-    hooks.startRefreshTimer = [this] { ++starts_; timerOn_ = true; };
-    hooks.Dessiner_Ecran = [this] { board_.Dessiner_Ecran(); };
-    hooks.setVScroll = [this](int v) {
-      board_.VPos = v;
-      board_.Redraw("R");
-    };
-    hooks.newRecords = [this] {
-      auto r = std::make_unique<BookingRecords>(planning_.db(), planning_.clock(), messages_, texts_);
-      r->setRecordsets(&board_.view, &planning_.objects().Reservation);
-      return r;
-    };
-    hooks.openers = [this](GestureRecords& r) {
-      BookingDialogOpeners o;
-      o.Reservation = [this, &r] {
-        opened_ << "Reservation " + r.Nom_L;
-        return openGroup_;
-      };
-      o.ReservationSplit = [this, &r] {
-        opened_ << "ReservationSplit " + r.Nom_L;
-        return openGroup_;
-      };
-      o.ReservationGrp = [this] { opened_ << "ReservationGrp"; };
-      return o;
-    };
-    hooks.ReservationCreer = [this](GestureRecords& r) {
-      opened_ << "ReservationCreer " + r.Res_L + " " + r.DD_L.toString(Qt::ISODate);
-    };
-    gestures_ = std::make_unique<BoardGestures>(board_, options_, messages_, texts_, std::move(hooks));
-  }
-
-  void rooms(int count) {
-    for (int i = 1; i <= count; ++i) planning_.addResource(QString("Room %1").arg(i), 0, i);
-  }
-  void open() {
-    board_.setSession(&planning_.objects());
-    board_.Dessiner_Ecran();
-  }
-  int label(const QString& name) const {
-    for (int i = 0; i < board_.LabCount; ++i)
-      if (board_.Lab[std::size_t(i)].toolTip.startsWith(name)) return i;
-    ADD_FAILURE() << "no label " << name.toStdString();
-    return -1;
+    GestureHooks h = hooks();
+    h.stopRefreshTimer = [this] { ++stops_; timerOn_ = false; };
+    h.startRefreshTimer = [this] { ++starts_; timerOn_ = true; };
+    makeGestures(std::move(h));
   }
   // Left press on a label, 50 twips in from its left edge; gives DragX.
   int pickUp(const QString& name) {
@@ -96,28 +27,9 @@ class BoardGesturesTest : public ::testing::Test {
     return board_.Lab[std::size_t(i)].rect.left + 50;
   }
   int rowY(int row) const { return frame_.GridTop() + row * frame_.PasV() + 10; }
-  // The stored booking as "Resource Date_Deb Date_Fin".
-  QString stored(const QString& nom) {
-    Statement st = planning_.db().prepare("SELECT Resource, Date_Deb, Date_Fin FROM Reservation WHERE Nom = ?");
-    st.bind(0, nom);
-    if (!st.step()) return "<none>";
-    return st.column(0).toString() + " " + st.column(1).toString().left(10) + " " + st.column(2).toString().left(10);
-  }
 
-  test::TestPlanning planning_;
-  test::ScriptedMessages messages_;
-  Texts texts_{0};
-  IniFile ini_;
-  LoadedOptions options_;
-  BoardFrame frame_;
-  Regional regional_;
-  BoardDrawing board_;
-  std::unique_ptr<BoardGestures> gestures_;
-  bool normalMode_ = true;
-  bool openGroup_ = false;
   bool timerOn_ = true;
   int stops_ = 0, starts_ = 0;
-  QStringList opened_;
 };
 
 // ------------------------------------------------------------------ drops
@@ -131,7 +43,7 @@ TEST_F(BoardGesturesTest, ADropOnTheGridMovesResourceAndDatesByWholeDays) {
   EXPECT_FALSE(timerOn_);  // the refresh waits while a booking is carried
 
   gestures_->Form_DragDrop(dragX + 2 * 200 + 150, rowY(2));
-  EXPECT_EQ(stored("Martin"), "Room 3 2025-03-09 2025-03-12");
+  EXPECT_EQ(where("Martin"), "Room 3 2025-03-09 2025-03-12");
   EXPECT_FALSE(gestures_->dragging());
   EXPECT_TRUE(timerOn_);
   EXPECT_EQ(stops_, starts_);
@@ -146,16 +58,16 @@ TEST_F(BoardGesturesTest, AShiftOfLessThanOneDayInEitherDirectionKeepsTheDates) 
   open();
   int dragX = pickUp("Martin");
   gestures_->Form_DragDrop(dragX + 199, rowY(1));
-  EXPECT_EQ(stored("Martin"), "Room 2 2025-03-07 2025-03-10");
+  EXPECT_EQ(where("Martin"), "Room 2 2025-03-07 2025-03-10");
 
   // Truncation toward zero: 199 twips back is no day back either.
   dragX = pickUp("Martin");
   gestures_->Form_DragDrop(dragX - 199, rowY(0));
-  EXPECT_EQ(stored("Martin"), "Room 1 2025-03-07 2025-03-10");
+  EXPECT_EQ(where("Martin"), "Room 1 2025-03-07 2025-03-10");
 
   dragX = pickUp("Martin");
   gestures_->Form_DragDrop(dragX - 200, rowY(0));
-  EXPECT_EQ(stored("Martin"), "Room 1 2025-03-06 2025-03-09");
+  EXPECT_EQ(where("Martin"), "Room 1 2025-03-06 2025-03-09");
 }
 
 TEST_F(BoardGesturesTest, ADropLeftOfTheGridTakesTheRowAndMovesTheBookingBack) {
@@ -168,7 +80,7 @@ TEST_F(BoardGesturesTest, ADropLeftOfTheGridTakesTheRowAndMovesTheBookingBack) {
   ASSERT_LT(shift, 0);
   gestures_->Form_DragDrop(500, rowY(1));
   const QDate first = QDate(2025, 3, 9).addDays(shift);
-  EXPECT_EQ(stored("Martin"), "Room 2 " + first.toString(Qt::ISODate) + " " + first.addDays(2).toString(Qt::ISODate));
+  EXPECT_EQ(where("Martin"), "Room 2 " + first.toString(Qt::ISODate) + " " + first.addDays(2).toString(Qt::ISODate));
 }
 
 TEST_F(BoardGesturesTest, TheDayAndMonthStripsCountForTheFirstRowAndTheScrollBarForTheLastVisibleRow) {
@@ -180,23 +92,23 @@ TEST_F(BoardGesturesTest, TheDayAndMonthStripsCountForTheFirstRowAndTheScrollBar
   gestures_->Jour_DragDrop(3, 190, 50);
   const int shift = (frame_.Jour(3).left + 190 - dragX) / 200;
   EXPECT_EQ(shift, 2);
-  EXPECT_EQ(stored("Strip"), "Room 1 2025-03-09 2025-03-10");
+  EXPECT_EQ(where("Strip"), "Room 1 2025-03-09 2025-03-10");
 
   dragX = pickUp("Strip");
   gestures_->Mois_DragDrop(3, 190, 10);
-  EXPECT_EQ(stored("Strip"), "Room 1 2025-03-09 2025-03-10");
+  EXPECT_EQ(where("Strip"), "Room 1 2025-03-09 2025-03-10");
 
   // The scroll bar: the last of the four rows shown, whatever the height.
   dragX = pickUp("Strip");
   gestures_->HScroll_DragDrop(frame_.Jour(3).left + 190 - frame_.HScroll().left, 5);
-  EXPECT_EQ(stored("Strip"), "Room 4 2025-03-09 2025-03-10");
+  EXPECT_EQ(where("Strip"), "Room 4 2025-03-09 2025-03-10");
 
   // Scrolled down by two rows, the scroll bar still means the last row shown.
   board_.VPos = 2;
   board_.Redraw("R");
   pickUp("Strip");
   gestures_->HScroll_DragDrop(frame_.Jour(3).left + 190 - frame_.HScroll().left, 5);
-  EXPECT_EQ(stored("Strip"), "Room 6 2025-03-09 2025-03-10");
+  EXPECT_EQ(where("Strip"), "Room 6 2025-03-09 2025-03-10");
 }
 
 TEST_F(BoardGesturesTest, RowsAreClampedToTheGridAndToTheLastResource) {
@@ -206,33 +118,33 @@ TEST_F(BoardGesturesTest, RowsAreClampedToTheGridAndToTheLastResource) {
   // Past the last resource on a board of four rows: the last resource.
   int dragX = pickUp("Clamp");
   gestures_->Form_DragDrop(dragX, rowY(3));
-  EXPECT_EQ(stored("Clamp"), "Room 2 2025-03-07 2025-03-08");
+  EXPECT_EQ(where("Clamp"), "Room 2 2025-03-07 2025-03-08");
   // Above the grid: the first row.
   dragX = pickUp("Clamp");
   gestures_->Form_DragDrop(dragX, 10);
-  EXPECT_EQ(stored("Clamp"), "Room 1 2025-03-07 2025-03-08");
+  EXPECT_EQ(where("Clamp"), "Room 1 2025-03-07 2025-03-08");
   // Far below the board: the last resource again.
   dragX = pickUp("Clamp");
   gestures_->Form_DragDrop(dragX, 9000);
-  EXPECT_EQ(stored("Clamp"), "Room 2 2025-03-07 2025-03-08");
+  EXPECT_EQ(where("Clamp"), "Room 2 2025-03-07 2025-03-08");
 }
 
 TEST_F(BoardGesturesTest, LockedDatesAndSplitPartsMoveTheResourceAlone) {
   rooms(3);
   planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Whole");
-  planning_.addBooking("Room 2", QDate(2025, 3, 7), QDate(2025, 3, 9), "Parted", 0, "1");
-  planning_.addBooking("Room 2", QDate(2025, 3, 9), QDate(2025, 3, 12), "Parted", 0, "2");
+  planning_.addBooking("Room 2", QDate(2025, 3, 7), QDate(2025, 3, 9), "Parted", {{"Split", "1"}});
+  planning_.addBooking("Room 2", QDate(2025, 3, 9), QDate(2025, 3, 12), "Parted", {{"Split", "2"}});
   open();
 
   // A part of a split booking keeps its dates whatever LockDate says.
   int dragX = pickUp("Parted");
   gestures_->Form_DragDrop(dragX + 3 * 200, rowY(2));
-  EXPECT_EQ(stored("Parted"), "Room 3 2025-03-07 2025-03-09");
+  EXPECT_EQ(where("Parted"), "Room 3 2025-03-07 2025-03-09");
 
   options_.LockDate = true;  // "O", the default
   dragX = pickUp("Whole");
   gestures_->Form_DragDrop(dragX + 3 * 200, rowY(1));
-  EXPECT_EQ(stored("Whole"), "Room 2 2025-03-07 2025-03-09");
+  EXPECT_EQ(where("Whole"), "Room 2 2025-03-07 2025-03-09");
 }
 
 TEST_F(BoardGesturesTest, ADropOnALabelCountsFromThatLabelsCorner) {
@@ -244,23 +156,23 @@ TEST_F(BoardGesturesTest, ADropOnALabelCountsFromThatLabelsCorner) {
   const TwipRect target = board_.Lab[std::size_t(label("Target"))].rect;
   gestures_->Lab_DragDrop(label("Target"), 20, 20);
   const int shift = (target.left + 20 - dragX) / 200;
-  EXPECT_EQ(stored("Mover"), "Room 3 " + QDate(2025, 3, 7).addDays(shift).toString(Qt::ISODate) + " " +
+  EXPECT_EQ(where("Mover"), "Room 3 " + QDate(2025, 3, 7).addDays(shift).toString(Qt::ISODate) + " " +
                                  QDate(2025, 3, 8).addDays(shift).toString(Qt::ISODate));
-  EXPECT_EQ(stored("Target"), "Room 3 2025-03-10 2025-03-14");
+  EXPECT_EQ(where("Target"), "Room 3 2025-03-10 2025-03-14");
 }
 
 // ------------------------------------------------------------------ presses on labels
 
 TEST_F(BoardGesturesTest, ALockedBookingDoesNotDragButOpensOnTheRightButton) {
   rooms(3);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Fixed", 3);
+  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Fixed", {{"Couleur", 3}});
   planning_.db().execute("UPDATE Reservation SET Blocage = 1, Email = 'f@x.org' WHERE Nom = 'Fixed'");
   open();
   gestures_->Lab_MouseDown(label("Fixed"), Qt::LeftButton, 50, 100);
   EXPECT_FALSE(gestures_->dragging());
   EXPECT_TRUE(gestures_->SelLocked);
   gestures_->Form_DragDrop(frame_.GridLeft() + 1500, rowY(2));
-  EXPECT_EQ(stored("Fixed"), "Room 1 2025-03-07 2025-03-09");
+  EXPECT_EQ(where("Fixed"), "Room 1 2025-03-07 2025-03-09");
   EXPECT_TRUE(opened_.isEmpty());
 
   gestures_->Lab_MouseDown(label("Fixed"), Qt::RightButton, 50, 100);
@@ -275,8 +187,8 @@ TEST_F(BoardGesturesTest, ALockedBookingDoesNotDragButOpensOnTheRightButton) {
 
 TEST_F(BoardGesturesTest, ASplitPartOpensItsDialogAndTheGroupFollowsWhenAsked) {
   rooms(3);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Parted", 0, "1");
-  planning_.addBooking("Room 2", QDate(2025, 3, 9), QDate(2025, 3, 12), "Parted", 0, "2");
+  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Parted", {{"Split", "1"}});
+  planning_.addBooking("Room 2", QDate(2025, 3, 9), QDate(2025, 3, 12), "Parted", {{"Split", "2"}});
   open();
   openGroup_ = true;
   gestures_->Lab_MouseDown(label("Parted"), Qt::RightButton, 10, 10);
@@ -286,7 +198,7 @@ TEST_F(BoardGesturesTest, ASplitPartOpensItsDialogAndTheGroupFollowsWhenAsked) {
 
 TEST_F(BoardGesturesTest, ASplitPartWithoutItsPartnerBecomesWholeAndOpensNothing) {
   rooms(3);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Alone", 0, "2");
+  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Alone", {{"Split", "2"}});
   open();
   gestures_->Lab_MouseDown(label("Alone"), Qt::RightButton, 10, 10);
   EXPECT_EQ(messages_.texts(), QStringList{"The other split part cannot be found\r\nWe are going to forget it"});
@@ -383,7 +295,7 @@ TEST_F(BoardGesturesTest, ConsultationModeAndADrawingUnderWayLeaveEverythingAlon
   pickUp("Martin");
   normalMode_ = false;
   gestures_->Lab_DragDrop(label("Martin"), 500, 10);
-  EXPECT_EQ(stored("Martin"), "Room 1 2025-03-07 2025-03-09");
+  EXPECT_EQ(where("Martin"), "Room 1 2025-03-07 2025-03-09");
 
   normalMode_ = true;
   gestures_->cancelDrag();
@@ -435,7 +347,7 @@ TEST_F(BoardGesturesTest, TheDragTimersCarryABookingBeyondTheVisibleRows) {
   gestures_->TimerVPlus = true;
   gestures_->Form_DragDrop(dragX, rowY(2));
   EXPECT_FALSE(gestures_->TimerVPlus);
-  EXPECT_EQ(stored("Carried"), "Room 4 2025-03-07 2025-03-09");
+  EXPECT_EQ(where("Carried"), "Room 4 2025-03-07 2025-03-09");
 }
 
 TEST_F(BoardGesturesTest, EnterOnACellOpensTheBookingOverItsNightsOrCreates) {

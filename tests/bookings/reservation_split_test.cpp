@@ -4,21 +4,20 @@
 #include "bookings/reservation_split.h"
 
 #include "bookings/trous_search.h"
-#include "modification_planning.h"
+#include "support/booking_session.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class ReservationSplitTest : public ModificationPlanning {
+class ReservationSplitTest : public MarchBoard {
  protected:
   // Durand stays 10 to 12 March in Room 1, then 12 to 15 in the Suite.
   void SetUp() override {
-    ModificationPlanning::SetUp();
-    part1_ = booking("Room 1", march(10), march(12), "Durand",
+    part1_ = plan.addBooking("Room 1", march(10), march(12), "Durand",
                      {{"Split", "1"}, {"Couleur", 2}, {"InvNb", 17}, {"Email", "d@example.org"}});
-    part2_ = booking("Suite", march(12), march(15), "Durand",
+    part2_ = plan.addBooking("Suite", march(12), march(15), "Durand",
                      {{"Split", "2"}, {"Couleur", 2}, {"InvNb", 17}, {"Blocage", true}, {"Email", "d@example.org"}});
   }
   ReservationSplitPresenter& open(qint64 rowid) {
@@ -68,16 +67,12 @@ TEST_F(ReservationSplitTest, ACutOnTheStartOrTheEndIsRefusedAndWritesNothing) {
   p.CalS_DateClicked(march(10));
   EXPECT_EQ(p.NB_Jour1, 0);
   EXPECT_FALSE(p.Modify_Click());
-  ASSERT_EQ(messages_.shown().size(), 1u);
-  EXPECT_EQ(messages_.last().text, "Dates are incorrect");
-  EXPECT_EQ(messages_.last().icon, MsgIcon::Critical);
-
   p.CalS_DateClicked(march(15));
   EXPECT_FALSE(p.Modify_Click());
-  EXPECT_EQ(messages_.shown().size(), 2u);
+  EXPECT_EQ(messages.texts(), (QStringList{"Dates are incorrect", "Dates are incorrect"}));
   EXPECT_EQ(stays(), before);
   EXPECT_EQ(closes_, 0);
-  EXPECT_EQ(redraws_, 0);
+  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationSplitTest, ANameOfBlanksIsRefusedByModifyAndMerge) {
@@ -87,16 +82,13 @@ TEST_F(ReservationSplitTest, ANameOfBlanksIsRefusedByModifyAndMerge) {
   p.focusNom = [&] { ++focus; };
   p.setNom("  ");
   EXPECT_FALSE(p.Modify_Click());
-  ASSERT_EQ(messages_.shown().size(), 1u);
-  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
-  EXPECT_EQ(messages_.last().icon, MsgIcon::Critical);
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_FALSE(p.Merge_Click());
-  EXPECT_EQ(messages_.last().text, "The customer name cannot be empty");
+  EXPECT_EQ(messages.last().text, texts.get(txt::CustomerNameEmpty));
   EXPECT_EQ(focus, 2);
   EXPECT_EQ(stays(), before);
   EXPECT_EQ(closes_, 0);
-  EXPECT_EQ(redraws_, 0);
+  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationSplitTest, ModifyFromEitherPartRewritesBothRows) {
@@ -110,20 +102,20 @@ TEST_F(ReservationSplitTest, ModifyFromEitherPartRewritesBothRows) {
   EXPECT_TRUE(p.Modify_Click());
   EXPECT_EQ(row(part1_), "Durand-Roy/Room 2*/2025-03-10/2025-03-13/1/17/1/3/0");
   EXPECT_EQ(row(part2_), "Durand-Roy/Suite/2025-03-13/2025-03-15/2/17/0/3/0");
-  EXPECT_EQ(redraws_, 1);
+  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
 
   // The parts still find each other.
   click(part1_);
-  EXPECT_EQ(planning_.objects().Reservation.rowId(), part2_);
+  EXPECT_EQ(plan.objects().Reservation.rowId(), part2_);
 }
 
 TEST_F(ReservationSplitTest, GroupDatesMoveTheEndsAndKeepTheCut) {
-  groupHeader(6, march(9), march(16), "Club");
-  planning_.db().execute("UPDATE Reservation SET GroupNb = 6 WHERE GroupId = 'C'");
+  plan.addGroupHeader(6, march(9), march(16), "Club");
+  plan.db().execute("UPDATE Reservation SET GroupNb = 6 WHERE GroupId = 'C'");
   ReservationSplitPresenter& p = open(part1_);
   EXPECT_EQ(p.cmdGroupCaption, "Open the &group");
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(p.Modify_Click());
   EXPECT_EQ(row(part1_), "Durand/Room 1/2025-03-09/2025-03-12/1/17/0/2/6");
   EXPECT_EQ(row(part2_), "Durand/Suite/2025-03-12/2025-03-16/2/17/1/2/6");
@@ -131,24 +123,24 @@ TEST_F(ReservationSplitTest, GroupDatesMoveTheEndsAndKeepTheCut) {
 
 TEST_F(ReservationSplitTest, MergeFromPartOneStaysOnItsResourceAndLosesPartTwosLock) {
   ReservationSplitPresenter& p = open(part1_);
-  messages_.answer(MsgAnswer::No);
+  messages.answer(MsgAnswer::No);
   EXPECT_FALSE(p.Merge_Click());
-  EXPECT_EQ(messages_.last().text, "Do you really want to merge these bookings ?");
-  EXPECT_EQ(messages_.last().buttons, MsgButtons::YesNo);
-  EXPECT_EQ(messages_.last().preselected, MsgAnswer::No);
+  EXPECT_EQ(messages.last().text, "Do you really want to merge these bookings ?");
+  EXPECT_EQ(messages.last().buttons, MsgButtons::YesNo);
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
   EXPECT_EQ(stays().size(), 2);
 
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(p.Merge_Click());
-  EXPECT_EQ(stays(), QStringList{"Durand/Room 1/2025-03-10/2025-03-15/0/17/0/2/0"});
   EXPECT_EQ(row(part1_), "Durand/Room 1/2025-03-10/2025-03-15/0/17/0/2/0");
-  EXPECT_EQ(redraws_, 1);
+  EXPECT_EQ(stays().size(), 1);
+  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
 }
 
 TEST_F(ReservationSplitTest, MergeFromPartTwoKeepsThePartTwoRow) {
   ReservationSplitPresenter& p = open(part2_);
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(p.Merge_Click());
   EXPECT_EQ(row(part1_), "<gone>");
   EXPECT_EQ(row(part2_), "Durand/Room 1/2025-03-10/2025-03-15/0/17/0/2/0");
@@ -157,34 +149,32 @@ TEST_F(ReservationSplitTest, MergeFromPartTwoKeepsThePartTwoRow) {
 TEST_F(ReservationSplitTest, MergeWithAWrongCutWritesNothing) {
   ReservationSplitPresenter& p = open(part2_);
   p.CalT_DateClicked(march(12));
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_FALSE(p.Merge_Click());
-  EXPECT_EQ(messages_.last().text, "Dates are incorrect");
+  EXPECT_EQ(messages.last().text, "Dates are incorrect");
   EXPECT_EQ(stays().size(), 2);
 }
 
 TEST_F(ReservationSplitTest, DeleteRemovesBothPartsAndTheirInvoice) {
-  const qint64 other = booking("Room 1", march(1), march(3), "Other");
-  ctx().invoice = &invoice_;
+  const qint64 other = plan.addBooking("Room 1", march(1), march(3), "Other");
+  ctx().invoice = &invoice;
   ReservationSplitPresenter& p = open(part2_);
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   EXPECT_TRUE(p.Supprimer_Click());
-  EXPECT_EQ(messages_.shown().size(), 1u);
-  EXPECT_EQ(messages_.last().text, "Do you really want to delete this booking ?");
-  EXPECT_EQ(messages_.last().preselected, MsgAnswer::No);
-  EXPECT_EQ(invoice_.deleted, std::vector<QString>{"17"});
-  EXPECT_EQ(invoice_.rowsAtDelete, std::vector<int>{3});
+  EXPECT_EQ(messages.texts(), QStringList{texts.get(txt::ModifDeleteQuestion)});
+  EXPECT_EQ(invoice.deleted, QStringList{"17"});
+  EXPECT_EQ(invoice.rowsAtDelete, QList<int>{3});
   EXPECT_EQ(row(part1_), "<gone>");
   EXPECT_EQ(row(part2_), "<gone>");
   EXPECT_NE(row(other), "<gone>");
 }
 
 TEST_F(ReservationSplitTest, TheInvoiceGetsBothPeriods) {
-  planning_.db().execute("UPDATE Reservation SET Resource = 'Room 2*' WHERE Split = '2'");
-  ctx().invoice = &invoice_;
+  plan.db().execute("UPDATE Reservation SET Resource = 'Room 2*' WHERE Split = '2'");
+  ctx().invoice = &invoice;
   open(part1_).CdInvoice_Click();
-  ASSERT_EQ(invoice_.shown.size(), 1u);
-  const InvoiceHandOver& h = invoice_.shown.front();
+  ASSERT_EQ(invoice.shown.size(), 1u);
+  const InvoiceHandOver& h = invoice.shown.front();
   EXPECT_EQ(h.Nom, "Durand");
   EXPECT_EQ(h.back, 16711935u);
   EXPECT_EQ(h.InvNb, "17");
@@ -207,7 +197,7 @@ TEST_F(ReservationSplitTest, HolesSearchesTheChosenPeriodAndGivesTheResourceToIt
     t.setCategory(-1);
     periods.push_back({t.from(), t.to()});
     grids.push_back(t.gridLines());
-    if (line >= 0) messages_.answer(MsgAnswer::Yes);
+    if (line >= 0) messages.answer(MsgAnswer::Yes);
     return t.Trous_OK_Click(line);
   };
   ReservationSplitPresenter& p = open(part1_);
@@ -234,7 +224,7 @@ TEST_F(ReservationSplitTest, HolesSearchesTheChosenPeriodAndGivesTheResourceToIt
   EXPECT_EQ(p.parts[0].Resource, "Suite");
   EXPECT_EQ(p.parts[1].Resource, "Suite");
   EXPECT_EQ(p.parts[0].resources, QStringList{"Suite"});
-  EXPECT_TRUE(messages_.allAnswersUsed());
+  EXPECT_TRUE(messages.allAnswersUsed());
 }
 
 TEST_F(ReservationSplitTest, LeavingAndOpeningTheGroupFollowTheBookingDialog) {
@@ -242,16 +232,16 @@ TEST_F(ReservationSplitTest, LeavingAndOpeningTheGroupFollowTheBookingDialog) {
   ReservationSplitPresenter& p = open(part1_);
   p.Category_Click(0, 1);
   EXPECT_EQ(p.parts[0].Resource, "Suite");
-  messages_.answer(MsgAnswer::No);
+  messages.answer(MsgAnswer::No);
   EXPECT_TRUE(p.Annuler_Click());
-  EXPECT_EQ(messages_.last().text, "Do you want to modify the booking before leaving  ?");
+  EXPECT_EQ(messages.last().text, texts.get(txt::ModifBeforeLeaving));
   EXPECT_EQ(stays(), before);
 
   ReservationSplitPresenter& q = open(part2_);
   q.setRemarque("Changed");
   q.cmdGroup_Click();
   EXPECT_TRUE(q.OpenGroup);
-  EXPECT_EQ(messages_.shown().size(), 1u);
+  EXPECT_EQ(messages.shown().size(), 1u);
   EXPECT_EQ(stays(), before);
 }
 

@@ -3,23 +3,25 @@
 #include "bookings/trous_search.h"
 #include "config/loaded_options.h"
 
-#include "booking_planning.h"
+#include "support/test_planning.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class TrousTest : public BookingPlanning {
+QDate day(int d, int m = 7) { return QDate(2024, m, d); }
+
+class TrousTest : public PlanningTest {
  protected:
+  TrousTest() : PlanningTest(QDate(2024, 6, 15)) {}
   void SetUp() override {
-    BookingPlanning::SetUp();
-    resource("101", 0, 1);
-    resource("102", 0, 2);
-    resource("201", 1, 3);
+    plan.addResource("101", 0, 1);
+    plan.addResource("102", 0, 2);
+    plan.addResource("201", 1, 3);
   }
-  Availability availability_{db_, clock_};
-  TrousSearch trous_{availability_, clock_, messages_, texts_};
+  Availability availability_{plan.db(), plan.clock()};
+  TrousSearch trous_{availability_, plan.clock(), messages, texts};
 };
 
 TEST_F(TrousTest, PeriodFollowsTheOpener) {
@@ -29,8 +31,8 @@ TEST_F(TrousTest, PeriodFollowsTheOpener) {
 
   trous_.Mode = 0;
   trous_.Form_Load();
-  EXPECT_EQ(trous_.from(), today());
-  EXPECT_EQ(trous_.to(), today().addDays(7));
+  EXPECT_EQ(trous_.from(), plan.clock().today());
+  EXPECT_EQ(trous_.to(), plan.clock().today().addDays(7));
   EXPECT_EQ(trous_.NB_Jour(), 7);
 
   trous_.Mode = 3;
@@ -52,9 +54,9 @@ TEST_F(TrousTest, PeriodFollowsTheOpener) {
 }
 
 TEST_F(TrousTest, TheEditedBookingDoesNotBlockItsOwnResource) {
-  booking("101", day(10), day(15), "Edited");
-  booking("102", day(3), day(8), "Before");
-  booking("201", day(12), day(14), "Busy");
+  plan.addBooking("101", day(10), day(15), "Edited");
+  plan.addBooking("102", day(3), day(8), "Before");
+  plan.addBooking("201", day(12), day(14), "Busy");
   trous_.Mode = 2;
   trous_.CalF = day(10);
   trous_.CalT = day(15);
@@ -108,16 +110,16 @@ TEST_F(TrousTest, ChosenResourceGoesBackAfterTheQuestion) {
   trous_.Form_Load();
   EXPECT_FALSE(trous_.Trous_OK_Click(0));   // the booking's own resource
   EXPECT_FALSE(trous_.Trous_OK_Click(-1));  // nothing selected
-  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_TRUE(messages.shown().empty());
 
-  messages_.answer(MsgAnswer::No);
+  messages.answer(MsgAnswer::No);
   EXPECT_FALSE(trous_.Trous_OK_Click(2));
-  ASSERT_EQ(messages_.shown().size(), 1u);
-  EXPECT_EQ(messages_.last().text, "Do you want the resource 201 to become the booking resource ?");
-  EXPECT_EQ(messages_.last().buttons, MsgButtons::YesNo);
-  EXPECT_EQ(messages_.last().preselected, MsgAnswer::No);
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text, "Do you want the resource 201 to become the booking resource ?");
+  EXPECT_EQ(messages.last().buttons, MsgButtons::YesNo);
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
 
-  messages_.answer(MsgAnswer::Yes);
+  messages.answer(MsgAnswer::Yes);
   auto choice = trous_.Trous_OK_Click(2);
   ASSERT_TRUE(choice);
   EXPECT_EQ(choice->resource, "201");
@@ -129,7 +131,7 @@ TEST_F(TrousTest, ChosenResourceGoesBackAfterTheQuestion) {
   for (const auto& [mode, expected] : parts) {
     trous_.Mode = mode;
     trous_.Form_Load();
-    messages_.answer(MsgAnswer::Yes);
+    messages.answer(MsgAnswer::Yes);
     choice = trous_.Trous_OK_Click(1);
     ASSERT_TRUE(choice) << mode;
     EXPECT_EQ(choice->resource, "102");
@@ -137,7 +139,7 @@ TEST_F(TrousTest, ChosenResourceGoesBackAfterTheQuestion) {
     EXPECT_EQ(choice->toPart2, expected.second) << mode;
     EXPECT_FALSE(choice->toBooking);
   }
-  EXPECT_TRUE(messages_.allAnswersUsed());
+  EXPECT_TRUE(messages.allAnswersUsed());
 }
 
 }  // namespace

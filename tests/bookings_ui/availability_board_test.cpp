@@ -16,33 +16,20 @@
 #include "bookings/ui/availability_board.h"
 #include "core/menu_model.h"
 #include "core/regional.h"
-#include "support/creer_session.h"
+#include "support/test_board.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class AvailabilityBoardTest : public ::testing::Test, public CreerSession {
+class AvailabilityBoardTest : public test::TestBoard {
  protected:
-  AvailabilityBoardTest()
-      : frame_(makeFrame()),
-        regional_(Regional::englishUS()),
-        drawing_(BoardContext{frame_, options, messages, texts, planning.paths(), regional_,
-                              [] { return QDate(2025, 3, 10); }}) {
-    drawing_.setFirstDate(QDate(2025, 3, 1));
-  }
-  static BoardFrame makeFrame() {
-    ScreenDescription screen;
-    readScreen(ScreenFacts{1024, 768, 32, 60, 96}, screen);
-    BoardFrame frame;
-    frame.Draw_Planning_Frame(screen, ScreenDrawing{"10", "300", "4", "300", "1200", "200"});
-    return frame;
-  }
+  AvailabilityBoardTest() : TestBoard(300) {}
   // The board at 9 March 2025 with the session's bookings drawn.
   std::unique_ptr<BoardWidget> drawnBoard() {
-    drawing_.setSession(&planning.objects());
-    auto board = std::make_unique<BoardWidget>(drawing_, options, texts);
+    board_.setSession(&planning_.objects());
+    auto board = std::make_unique<BoardWidget>(board_, options_, texts_);
     board->resize(1024, 600);
     board->setDayRange(300, 9);
     board->scrollTo(0, 9);
@@ -53,36 +40,32 @@ class AvailabilityBoardTest : public ::testing::Test, public CreerSession {
   static QColor inside(const QImage& image, const QWidget& view, const QRect& cell) {
     return image.pixelColor(view.mapToParent(cell.topLeft()) + QPoint(3, 3));
   }
-
-  BoardFrame frame_;
-  Regional regional_;
-  BoardDrawing drawing_;
 };
 
 TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
   // Three counted rooms (the spare one is left out of the view), and a suite.
-  planning.addResource("101", 0, 1);
-  planning.addResource("102", 0, 2);
-  planning.addResource("103", 0, 3);
-  planning.addResource("Spare*", 0, 4);
-  planning.addResource("Suite", 1, 5);
-  planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
-  planning.addBooking("102", QDate(2025, 3, 10), QDate(2025, 3, 11), "Durand");
-  options.AvailableColor = true;
+  planning_.addResource("101", 0, 1);
+  planning_.addResource("102", 0, 2);
+  planning_.addResource("103", 0, 3);
+  planning_.addResource("Spare*", 0, 4);
+  planning_.addResource("Suite", 1, 5);
+  planning_.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
+  planning_.addBooking("102", QDate(2025, 3, 10), QDate(2025, 3, 11), "Durand");
+  options_.AvailableColor = true;
   const auto shown = drawnBoard();
   BoardWidget& board = *shown;
-  ASSERT_EQ(drawing_.LabCount, 2);
+  ASSERT_EQ(board_.LabCount, 2);
 
   MenuModel menus = MenuModel::standard();
   int draws = 0;
   const auto drawAvailable = [&](BoardWidget& b) {
     ++draws;
-    Availability rules(planning.db(), planning.clock());
-    Draw_Available(b, rules, options);
+    Availability rules(planning_.db(), planning_.clock());
+    Draw_Available(b, rules, options_);
   };
   EXPECT_TRUE(M_Availability_Click(menus, board, drawAvailable));
   EXPECT_TRUE(menus.find("M_Availability")->checked);
-  EXPECT_EQ(drawing_.LabCount, 0);
+  EXPECT_EQ(board_.LabCount, 0);
 
   auto* view = board.findChild<AvailabilityBoard*>();
   ASSERT_NE(view, nullptr);
@@ -95,8 +78,8 @@ TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
   EXPECT_EQ(int(view->lines()[0].cells.size()), frame_.DayNb());
 
   const QImage image = board.grab().toImage();
-  EXPECT_EQ(inside(image, *view, view->headingRect(0)), bgrColor(int(options.CategoryBack[0])));
-  EXPECT_EQ(inside(image, *view, view->headingRect(1)), bgrColor(int(options.CategoryBack[1])));
+  EXPECT_EQ(inside(image, *view, view->headingRect(0)), bgrColor(int(options_.CategoryBack[0])));
+  EXPECT_EQ(inside(image, *view, view->headingRect(1)), bgrColor(int(options_.CategoryBack[1])));
   EXPECT_EQ(inside(image, *view, view->cellRect(0, 0)), bgrColor(33023));
   EXPECT_EQ(inside(image, *view, view->cellRect(0, 1)), bgrColor(65535));
   EXPECT_EQ(inside(image, *view, view->cellRect(0, 2)), QColor(Qt::white));
@@ -104,31 +87,31 @@ TEST_F(AvailabilityBoardTest, TheMenuSwitchesBetweenFreeCountsAndBookings) {
   EXPECT_EQ(view->mapToParent(view->cellRect(0, 0).topLeft()).x(), board.pixels(frame_.Jour(0)).left());
 
   // While the view is on, a redraw of the board draws the counts again.
-  planning.addBooking("103", QDate(2025, 3, 10), QDate(2025, 3, 11), "Petit");
+  planning_.addBooking("103", QDate(2025, 3, 10), QDate(2025, 3, 11), "Petit");
   board.Redraw("DR");
   EXPECT_EQ(draws, 2);
   EXPECT_EQ(view->lines()[0].cells[0].free, 0);
-  EXPECT_EQ(drawing_.LabCount, 0);
+  EXPECT_EQ(board_.LabCount, 0);
 
   EXPECT_FALSE(M_Availability_Click(menus, board, drawAvailable));
   EXPECT_FALSE(menus.find("M_Availability")->checked);
   EXPECT_TRUE(view->isHidden());
-  EXPECT_FALSE(drawing_.availabilityChecked);
-  EXPECT_EQ(drawing_.LabCount, 3);
+  EXPECT_FALSE(board_.availabilityChecked);
+  EXPECT_EQ(board_.LabCount, 3);
 }
 
 TEST_F(AvailabilityBoardTest, TheCountsFollowTheDaysTheScrolledBoardShows) {
-  planning.addResource("101", 0, 1);
-  planning.addResource("102", 0, 2);
-  planning.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
+  planning_.addResource("101", 0, 1);
+  planning_.addResource("102", 0, 2);
+  planning_.addBooking("101", QDate(2025, 3, 10), QDate(2025, 3, 12), "Martin");
   const auto shown = drawnBoard();
   BoardWidget& board = *shown;
   MenuModel menus = MenuModel::standard();
   int draws = 0;
   ASSERT_TRUE(M_Availability_Click(menus, board, [&](BoardWidget& b) {
     ++draws;
-    Availability rules(planning.db(), planning.clock());
-    Draw_Available(b, rules, options);
+    Availability rules(planning_.db(), planning_.clock());
+    Draw_Available(b, rules, options_);
   }));
   auto* view = board.findChild<AvailabilityBoard*>();
   ASSERT_NE(view, nullptr);
@@ -140,7 +123,7 @@ TEST_F(AvailabilityBoardTest, TheCountsFollowTheDaysTheScrolledBoardShows) {
   };
   const auto dayNumbers = [&] {
     QStringList out;
-    for (int d = 0; d < 4; ++d) out << drawing_.Jour.at(size_t(d)).text.section(QLatin1Char('\n'), 1);
+    for (int d = 0; d < 4; ++d) out << board_.Jour.at(size_t(d)).text.section(QLatin1Char('\n'), 1);
     return out;
   };
   EXPECT_EQ(counts(), (std::vector<int>{1, 1, 2, 2}));
@@ -149,10 +132,10 @@ TEST_F(AvailabilityBoardTest, TheCountsFollowTheDaysTheScrolledBoardShows) {
   // Scrolled two days back, the stay stands under the 10th and the 11th, where the days strip shows them.
   board.HScroll()->setValue(7);
   EXPECT_EQ(draws, 2);
-  EXPECT_EQ(drawing_.ViewFirst(), QDate(2025, 3, 8));
+  EXPECT_EQ(board_.ViewFirst(), QDate(2025, 3, 8));
   EXPECT_EQ(dayNumbers(), (QStringList{"8", "9", "10", "11"}));
   EXPECT_EQ(counts(), (std::vector<int>{2, 2, 1, 1}));
-  EXPECT_EQ(drawing_.LabCount, 0);
+  EXPECT_EQ(board_.LabCount, 0);
 
   // Today brings both back; a refresh keeps them together.
   board.findChild<QPushButton*>("Today")->click();

@@ -9,7 +9,7 @@
 #include <QTimer>
 
 #include "board/ui/calendar_view.h"
-#include "bookings/modification_planning.h"
+#include "support/booking_session.h"
 #include "bookings/ui/reservation_split_dialog.h"
 
 using namespace ksv;
@@ -17,7 +17,7 @@ using namespace ksv::test;
 
 namespace {
 
-class ReservationDialogTest : public ModificationPlanning {
+class ReservationDialogTest : public MarchBoard {
  protected:
   // Runs `act` on the dialog once it is shown modally.
   void whenShown(std::function<void(QWidget&)> act) {
@@ -44,7 +44,7 @@ class ReservationDialogTest : public ModificationPlanning {
 };
 
 TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
-  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  const qint64 id = plan.addBooking("Room 1", march(10), march(12), "Durand");
   click(id);
   whenShown([](QWidget& d) {
     auto* nom = d.findChild<QLineEdit*>("Nom");
@@ -63,34 +63,34 @@ TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
   });
   EXPECT_FALSE(showReservation(ctx(), nullptr));
   EXPECT_EQ(row(id), "Durand-Roy/Room 1/2025-03-10/2025-03-14/0/<null>/0/0/0");
-  EXPECT_EQ(redraws_, 1);
-  EXPECT_TRUE(messages_.shown().empty());
+  EXPECT_EQ(redraws, 1);
+  EXPECT_TRUE(messages.shown().empty());
 }
 
 TEST_F(ReservationDialogTest, ClosingTheWindowAsksBeforeLeavingAChangedBooking) {
-  const qint64 id = booking("Room 1", march(10), march(12), "Durand");
+  const qint64 id = plan.addBooking("Room 1", march(10), march(12), "Durand");
   const QString before = row(id);
   click(id);
-  messages_.answer(MsgAnswer::Cancel);
-  messages_.answer(MsgAnswer::No);
+  messages.answer(MsgAnswer::Cancel);
+  messages.answer(MsgAnswer::No);
   whenShown([this](QWidget& d) {
     auto* email = d.findChild<QLineEdit*>("Email");
     email->setFocus();
     type(*email, "x@example.org");
     d.close();
     EXPECT_TRUE(d.isVisible());  // Cancel stays
-    EXPECT_EQ(messages_.last().text, "Do you want to modify the booking before leaving  ?");
+    EXPECT_EQ(messages.last().text, "Do you want to modify the booking before leaving  ?");
     d.close();
     EXPECT_FALSE(d.isVisible());
   });
   EXPECT_FALSE(showReservation(ctx(), nullptr));
   EXPECT_EQ(row(id), before);
-  EXPECT_TRUE(messages_.allAnswersUsed());
+  EXPECT_TRUE(messages.allAnswersUsed());
 }
 
 TEST_F(ReservationDialogTest, TheGroupButtonOfTheSplitWindowAsksForTheGroup) {
-  booking("Room 1", march(10), march(12), "Durand", {{"Split", "1"}, {"GroupNb", 3}});
-  const qint64 part2 = booking("Suite", march(12), march(15), "Durand", {{"Split", "2"}, {"GroupNb", 3}});
+  plan.addBooking("Room 1", march(10), march(12), "Durand", {{"Split", "1"}, {"GroupNb", 3}});
+  const qint64 part2 = plan.addBooking("Suite", march(12), march(15), "Durand", {{"Split", "2"}, {"GroupNb", 3}});
   click(part2);
   whenShown([](QWidget& d) {
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour1")->text(), "2");

@@ -6,21 +6,21 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "bookings/group_planning.h"
+#include "support/booking_session.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class ReservationGrpDialogTest : public ReservationGrpTest {};
+class ReservationGrpDialogTest : public GroupDialogTest {};
 
 TEST_F(ReservationGrpDialogTest, ShowsTheGroupAndItsCandidates) {
-  header(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -3}});
-  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
-  booking("102", jul(4), jul(6), "Abel");
+  plan.addGroupHeader(5, jul(3), jul(12), "Agence Sud", {{"InvNb", -3}});
+  const qint64 whole = plan.addBooking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  plan.addBooking("102", jul(4), jul(6), "Abel");
   ReservationGrpPresenter& g = open(whole);
-  ReservationGrpDialog dialog(g, *ctx);
+  ReservationGrpDialog dialog(g, ctx());
   dialog.refresh();
   EXPECT_EQ(dialog.possibleLabel->text(), "Users in the periode of the group.");
   EXPECT_EQ(dialog.Nom->text(), "Agence Sud");
@@ -40,9 +40,9 @@ TEST_F(ReservationGrpDialogTest, ShowsTheGroupAndItsCandidates) {
 
 TEST_F(ReservationGrpDialogTest, ClosingTheWindowLeavesThroughExit) {
   withInvoice = false;
-  const qint64 id = booking("101", jul(5), jul(9), "Durand");
+  const qint64 id = plan.addBooking("101", jul(5), jul(9), "Durand");
   ReservationGrpPresenter& g = open(id);
-  ReservationGrpDialog dialog(g, *ctx);
+  ReservationGrpDialog dialog(g, ctx());
   dialog.refresh();
   EXPECT_FALSE(dialog.CdInvoice->isEnabled());
   dialog.show();
@@ -56,15 +56,15 @@ TEST_F(ReservationGrpDialogTest, ClosingTheWindowLeavesThroughExit) {
   dialog.close();
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_EQ(headers(), 0);
-  EXPECT_EQ(stored(id, "GroupNb"), "0");
+  EXPECT_EQ(plan.stored(id, "GroupNb"), "0");
   EXPECT_EQ(messages.shown().size(), 2u);
 }
 
 TEST_F(ReservationGrpDialogTest, AHeaderEditAsksBeforeLeaving) {
-  header(5, jul(3), jul(12), "Agence Sud");
-  const qint64 whole = booking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
+  plan.addGroupHeader(5, jul(3), jul(12), "Agence Sud");
+  const qint64 whole = plan.addBooking("101", jul(3), jul(12), "Bernard", {{"GroupNb", 5}});
   ReservationGrpPresenter& g = open(whole);
-  ReservationGrpDialog dialog(g, *ctx);
+  ReservationGrpDialog dialog(g, ctx());
   dialog.refresh();
   dialog.show();
   dialog.Nom->setText("Agence Ouest");

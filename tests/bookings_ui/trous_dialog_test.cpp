@@ -11,21 +11,21 @@
 #include <QTimer>
 
 #include "bookings/ui/trous_dialog.h"
-#include "support/creer_session.h"
+#include "support/booking_session.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class TrousDialogTest : public ::testing::Test, public CreerSession {
+class TrousDialogTest : public SpringBoard {
  protected:
   void SetUp() override {
-    planning.addResource("101", 0, 1);
-    planning.addResource("102", 0, 2);
-    planning.addResource("Suite", 1, 3);
-    planning.addBooking("102", QDate(2025, 3, 12), QDate(2025, 3, 14), "Busy");
-    planning.addBooking("102", QDate(2025, 4, 20), QDate(2025, 4, 22), "Later");
+    plan.addResource("101", 0, 1);
+    plan.addResource("102", 0, 2);
+    plan.addResource("Suite", 1, 3);
+    plan.addBooking("102", QDate(2025, 3, 12), QDate(2025, 3, 14), "Busy");
+    plan.addBooking("102", QDate(2025, 4, 20), QDate(2025, 4, 22), "Later");
   }
   static QStringList column(QTableWidget* grid, int c) {
     QStringList out;
@@ -35,10 +35,10 @@ class TrousDialogTest : public ::testing::Test, public CreerSession {
 };
 
 TEST_F(TrousDialogTest, CategoryAndScrollBarRefillTheGrid) {
-  TrousSearch trous(availability, planning.clock(), messages, texts);
+  TrousSearch trous(availability, plan.clock(), messages, texts);
   trous.Mode = 0;
-  trous.FirstDate = ctx.FirstDate;
-  trous.LastDate = ctx.LastDate;
+  trous.FirstDate = ctx().FirstDate;
+  trous.LastDate = ctx().LastDate;
   TrousDialog dialog(trous, options, texts);
   auto* grid = dialog.findChild<QTableWidget*>("LesTrous");
   auto* nbFree = dialog.findChild<QLineEdit*>("Nb_Free");
@@ -70,12 +70,12 @@ TEST_F(TrousDialogTest, CategoryAndScrollBarRefillTheGrid) {
 }
 
 TEST_F(TrousDialogTest, CancelGivesNothingBack) {
-  TrousSearch trous(availability, planning.clock(), messages, texts);
+  TrousSearch trous(availability, plan.clock(), messages, texts);
   trous.Mode = 1;
   trous.CalF = QDate(2025, 3, 11);
   trous.CalT = QDate(2025, 3, 13);
-  trous.FirstDate = ctx.FirstDate;
-  trous.LastDate = ctx.LastDate;
+  trous.FirstDate = ctx().FirstDate;
+  trous.LastDate = ctx().LastDate;
   trous.Resource = "102";
   QTimer::singleShot(0, [] {
     QWidget* w = QApplication::activeModalWidget();

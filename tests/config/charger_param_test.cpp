@@ -25,7 +25,7 @@ class ChargerParamTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(ChargerParamTest, AFreshFileGivesTheFirstRunOptions) {
-  // One value of each kind of reading; the written file is checked elsewhere.
+  // One value of each kind of reading from the file a first run writes.
   const LoadedOptions o = Charger_Param(ini, clock);
   EXPECT_EQ(o.language, Language::En);
   EXPECT_EQ(o.textOffset, 0);

@@ -1,4 +1,4 @@
-#include "customer_planning.h"
+#include "support/customer_planning.h"
 #include "customers/black_list.h"
 #include "storage/query_command.h"
 #include "storage/recordset.h"
@@ -10,10 +10,8 @@ namespace {
 class BlackListTest : public test::CustomerPlanning {
  protected:
   void SetUp() override {
-    CustomerPlanning::SetUp();
     list = QueryCatalogue(db, clock).command("BlackList").openRecordset();
   }
-  void entry(const QString& nom, const QString& remark) { insertRow(db, "T_BlackList", {{"Nom", nom}, {"Remark", remark}}); }
   QStringList table() {
     QStringList out;
     Statement st = db.prepare("SELECT Nom, Remark FROM T_BlackList ORDER BY Nom, Remark");
@@ -48,8 +46,8 @@ class BlackListTest : public test::CustomerPlanning {
 }  // namespace
 
 TEST_F(BlackListTest, ShowsTheRowsInTheOrderOfTheName) {
-  entry("Zorro", "Broke a lamp");
-  entry("Arnaud", "Did not pay");
+  plan.addBlackList("Zorro", "Broke a lamp");
+  plan.addBlackList("Arnaud", "Did not pay");
   BlackListPresenter p(context(), list);
   p.M_BlackList_Click();
   EXPECT_EQ(p.columnTitles(), (QStringList{"Black List", "Remark"}));
@@ -61,9 +59,9 @@ TEST_F(BlackListTest, ShowsTheRowsInTheOrderOfTheName) {
 }
 
 TEST_F(BlackListTest, SearchMatchesTheWholeNameWithoutRegardToCase) {
-  entry("DURAND", "Did not pay");
-  entry("Durand", "Noisy");
-  entry("Duran", "Other");
+  plan.addBlackList("DURAND", "Did not pay");
+  plan.addBlackList("Durand", "Noisy");
+  plan.addBlackList("Duran", "Other");
   QString remark;
   EXPECT_TRUE(Search_BlackList(list, "durand", remark));
   list.moveFirst();
@@ -76,7 +74,7 @@ TEST_F(BlackListTest, SearchMatchesTheWholeNameWithoutRegardToCase) {
 }
 
 TEST_F(BlackListTest, AddTakesTheSameNameWithAnotherRemarkButNotTwiceTheSame) {
-  entry("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Did not pay");
   auto p = presenter("Durand", "Noisy");
   p.Dessin_BlackList();
   p.Add_Click();
@@ -103,7 +101,7 @@ TEST_F(BlackListTest, AnEmptyNameIsRefusedAndTheDialogStaysOpen) {
 }
 
 TEST_F(BlackListTest, AddFromElsewhereAsksWithNoPreselected) {
-  entry("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Did not pay");
   BlackListPresenter p(context(), list);
   p.N_Add_BL = "Durand";
   p.R_Add_BL = "Did not pay";
@@ -129,8 +127,8 @@ TEST_F(BlackListTest, AddFromElsewhereAsksWithNoPreselected) {
 
 TEST_F(BlackListTest, ModifyWritesTheRowAndLeavesTheBookings) {
   booking("Durand", "d@x.fr", "Room 3");
-  entry("Durand", "Did not pay");
-  entry("Martin", "Rude");
+  plan.addBlackList("Durand", "Did not pay");
+  plan.addBlackList("Martin", "Rude");
   auto p = presenter("Durand Paul", "Did not pay twice");
   p.Dessin_BlackList();
   p.selectRow(0);
@@ -142,8 +140,8 @@ TEST_F(BlackListTest, ModifyWritesTheRowAndLeavesTheBookings) {
 }
 
 TEST_F(BlackListTest, ModifyOntoAnotherRowIsRefused) {
-  entry("Durand", "Did not pay");
-  entry("Martin", "Rude");
+  plan.addBlackList("Durand", "Did not pay");
+  plan.addBlackList("Martin", "Rude");
   auto p = presenter("Martin", "Rude");
   p.Dessin_BlackList();
   p.selectRow(0);
@@ -153,7 +151,7 @@ TEST_F(BlackListTest, ModifyOntoAnotherRowIsRefused) {
 }
 
 TEST_F(BlackListTest, ARowGoneMeanwhileCannotBeFound) {
-  entry("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Did not pay");
   BlackListPresenter p(context(), list);
   p.Dessin_BlackList();
   db.execute("DELETE FROM T_BlackList");
@@ -166,8 +164,8 @@ TEST_F(BlackListTest, ARowGoneMeanwhileCannotBeFound) {
 }
 
 TEST_F(BlackListTest, DeleteAsksWithNoPreselectedAndRemovesOnlyThatRow) {
-  entry("Durand", "Did not pay");
-  entry("Durand", "Noisy");
+  plan.addBlackList("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Noisy");
   auto p = presenter();
   p.Dessin_BlackList();
   p.setSearchText("noisy");
@@ -188,7 +186,7 @@ TEST_F(BlackListTest, DeleteAsksWithNoPreselectedAndRemovesOnlyThatRow) {
 }
 
 TEST_F(BlackListTest, CancelChangesNothing) {
-  entry("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Did not pay");
   auto p = presenter("Other", "Other", false);
   p.Dessin_BlackList();
   p.selectRow(0);

@@ -1,4 +1,4 @@
-#include "customer_planning.h"
+#include "support/customer_planning.h"
 #include "customers/customer_list.h"
 #include "customers/customer_update.h"
 #include "customers/search_fold.h"

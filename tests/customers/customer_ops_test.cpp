@@ -1,6 +1,6 @@
 #include <QFile>
 
-#include "customer_planning.h"
+#include "support/customer_planning.h"
 #include "customers/customer_ops.h"
 
 using namespace ksv;

@@ -6,7 +6,7 @@
 
 #include "customers/black_list.h"
 #include "customers/customer_list.h"
-#include "customers/customer_planning.h"
+#include "support/customer_planning.h"
 #include "customers/ui/black_list_window.h"
 #include "customers/ui/customer_window.h"
 #include "customers/ui/list_printer.h"
@@ -45,8 +45,8 @@ TEST_F(CustomerWindows, CustomerWindowShowsFiltersAndHidesCopyFromTheMenu) {
 }
 
 TEST_F(CustomerWindows, BlackListWindowShowsTheRowsInNameOrder) {
-  insertRow(db, "T_BlackList", {{"Nom", "Zorro"}, {"Remark", "Broke a lamp"}});
-  insertRow(db, "T_BlackList", {{"Nom", "Arnaud"}, {"Remark", "Did not pay"}});
+  plan.addBlackList("Zorro", "Broke a lamp");
+  plan.addBlackList("Arnaud", "Did not pay");
   Recordset list = QueryCatalogue(db, clock).command("BlackList").openRecordset();
   BlackListPresenter p(context(), list);
   p.M_BlackList_Click();

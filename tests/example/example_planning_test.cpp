@@ -61,37 +61,7 @@ TEST_F(ExamplePlanning, OpensAsACurrentPlanningWithItsQueries) {
   EXPECT_TRUE(messages.shown().empty());
 }
 
-TEST_F(ExamplePlanning, ResourcesFillTheSixCategoriesAndOneIsLeftOutOfCounts) {
-  Database db = open();
-  const int resources = count(db, "SELECT count(*) FROM Resource");
-  EXPECT_GE(resources, 25);
-  EXPECT_LE(resources, 35);
-  EXPECT_EQ(column(db, "SELECT DISTINCT Color FROM Resource ORDER BY Color"),
-            (QStringList{"0", "1", "2", "3", "4", "5"}));
-  EXPECT_EQ(count(db, "SELECT count(DISTINCT Resource) FROM Resource"), resources) << "names are the identity";
-  EXPECT_EQ(count(db, "SELECT count(DISTINCT \"Order\") FROM Resource"), resources);
-  EXPECT_EQ(column(db, "SELECT Resource FROM Resource WHERE Resource LIKE '%*'").size(), 1);
-  // Every stay is on a resource of the board.
-  EXPECT_EQ(count(db, "SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Resource NOT IN (SELECT Resource FROM Resource)"), 0);
-}
 
-TEST_F(ExamplePlanning, HundredAndFiftyStaysInEveryState) {
-  Database db = open();
-  EXPECT_EQ(count(db, "SELECT count(*) FROM Reservation WHERE GroupId = 'C'"), 150);
-  EXPECT_EQ(column(db, "SELECT DISTINCT Couleur FROM Reservation WHERE GroupId = 'C' ORDER BY 1"),
-            (QStringList{"0", "1", "2", "3", "4", "5"}));
-  for (const Booking& b : bookings(db, "GroupId = 'C'")) {
-    SCOPED_TRACE((b.resource + " " + b.nom).toStdString());
-    EXPECT_LT(b.first, b.last);
-    EXPECT_TRUE(b.split == "0" || b.split == "1" || b.split == "2");
-  }
-  // Around the day the example was made for: past, present and future stays.
-  const QDate made(2006, 10, 21);
-  EXPECT_GT(count(db, "SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Date_Fin <= '2006-10-21'"), 20);
-  EXPECT_GT(count(db, "SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Date_Deb <= '2006-10-21' AND Date_Fin > '2006-10-21'"), 5);
-  EXPECT_GT(count(db, "SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Date_Deb > '2006-10-21'"), 20);
-  EXPECT_LE(QDate::fromString(db.scalar("SELECT min(Date_Deb) FROM Reservation").toString(), Qt::ISODate).daysTo(made), 120);
-}
 
 TEST_F(ExamplePlanning, NoRoomSleepsTwoPartiesOnOneNight) {
   Database db = open();
@@ -173,21 +143,6 @@ TEST_F(ExamplePlanning, ACustomerGroupAndAnAgentGroupWithTheirMembers) {
   EXPECT_EQ(count(db, "SELECT count(*) FROM Reservation WHERE GroupNb IS NULL"), 0);
 }
 
-TEST_F(ExamplePlanning, BlackListCatalogueAndGroupsOfAccounts) {
-  Database db = open();
-  EXPECT_GE(count(db, "SELECT count(*) FROM T_BlackList"), 2);
-  EXPECT_GE(count(db, "SELECT count(*) FROM Designation WHERE UnitPrice > 0"), 5);
-  EXPECT_GE(count(db, "SELECT count(*) FROM Payment"), 3);
-  EXPECT_GE(count(db, "SELECT count(*) FROM Modification WHERE Included = 1 AND Rate > 0"), 1) << "a VAT included";
-  EXPECT_GE(count(db, "SELECT count(*) FROM Modification WHERE Included = 0 AND Fixed > 0"), 1) << "a tax added";
-  // Both families of groups, and every account named exists in a catalogue.
-  EXPECT_GT(count(db, "SELECT count(*) FROM AccountGroup WHERE Sign = ' '"), 0);
-  EXPECT_GT(count(db, "SELECT count(*) FROM AccountGroup WHERE Sign = '-'"), 0);
-  EXPECT_EQ(count(db, "SELECT count(*) FROM AccountGroup WHERE Account <> '' AND Account NOT IN "
-                      "(SELECT Designation FROM Designation UNION SELECT Modification FROM Modification "
-                      "UNION SELECT Payment FROM Payment)"),
-            0);
-}
 
 TEST_F(ExamplePlanning, EveryInvoiceLinkResolvesAndTheCountersAgree) {
   Database db = open();

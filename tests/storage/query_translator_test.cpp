@@ -2,17 +2,20 @@
 // statement does on a planning.
 #include <QFile>
 
-#include "query_test_planning.h"
+#include "storage/schema.h"
+#include "storage/stored_queries.h"
+#include "support/test_planning.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
 
-class QueryTranslator : public QueryPlanning {
+class QueryTranslator : public PlanningTest {
  protected:
+  QueryTranslator() : PlanningTest(QDate(2024, 6, 15)) {}
   QStringList names(const QString& text, const QVariantList& params = {}) {
-    QueryCommand command = catalogue().statement(text);
+    QueryCommand command = plan.catalogue().statement(text);
     command.setParameters(params);
     Statement& st = command.open();
     QStringList values;
@@ -36,8 +39,8 @@ TEST_F(QueryTranslator, DeclaredThenUndeclaredParametersInOrder) {
 }
 
 TEST_F(QueryTranslator, UnknownNamesInAConditionAreParameters) {
-  booking("101", day(2024, 1, 1), day(2024, 1, 2), "Dupont");
-  booking("102", day(2024, 1, 1), day(2024, 1, 2), "Martin");
+  plan.addBooking("101", QDate(2024, 1, 1), QDate(2024, 1, 2), "Dupont");
+  plan.addBooking("102", QDate(2024, 1, 1), QDate(2024, 1, 2), "Martin");
   // Bracketed or bare, a name that is no column is set by position.
   EXPECT_EQ(names("SELECT Reservation.* FROM Reservation WHERE Reservation.Resource = [Room] Or Nom = Other",
                   {"102", "Dupont"}),
@@ -45,17 +48,17 @@ TEST_F(QueryTranslator, UnknownNamesInAConditionAreParameters) {
 }
 
 TEST_F(QueryTranslator, KeywordsInAnyCaseAndGluedClauses) {
-  booking("101", day(2024, 1, 1), day(2024, 1, 2), "A", {{"GroupNb", 0}});
-  booking("102", day(2024, 1, 1), day(2024, 1, 2), "B", {{"GroupNb", 10}});
-  booking("103", day(2024, 1, 1), day(2024, 1, 2), "C", {{"GroupNb", 0}, {"GroupId", "L"}});
+  plan.addBooking("101", QDate(2024, 1, 1), QDate(2024, 1, 2), "A", {{"GroupNb", 0}});
+  plan.addBooking("102", QDate(2024, 1, 1), QDate(2024, 1, 2), "B", {{"GroupNb", 10}});
+  plan.addBooking("103", QDate(2024, 1, 1), QDate(2024, 1, 2), "C", {{"GroupNb", 0}, {"GroupId", "L"}});
   EXPECT_EQ(names("select Reservation.* from Reservation where (Reservation.GroupNb =0AND "
                   "Reservation.GroupId<>'L')oR Reservation.GroupNb =10aNd Reservation.Nom Is Not Null;"),
             (QStringList{"A", "B"}));
 }
 
 TEST_F(QueryTranslator, TextComparedWithAParameterIgnoresCase) {
-  row("T_BlackList", {{"Nom", "Dupont"}});
-  row("T_BlackList", {{"Nom", "O'Brien"}});
+  plan.addRow("T_BlackList", {{"Nom", "Dupont"}});
+  plan.addRow("T_BlackList", {{"Nom", "O'Brien"}});
   EXPECT_EQ(names("PARAMETERS N Text(25);SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom = [N];",
                   {"DUPONT"}),
             (QStringList{"Dupont"}));
@@ -65,10 +68,10 @@ TEST_F(QueryTranslator, TextComparedWithAParameterIgnoresCase) {
 }
 
 TEST_F(QueryTranslator, LikeUsesTheEngineWildcards) {
-  row("T_BlackList", {{"Nom", "Dupont"}});
-  row("T_BlackList", {{"Nom", "Dupond"}});
-  row("T_BlackList", {{"Nom", "Du_ont"}});
-  row("T_BlackList", {{"Nom", "Durand"}});
+  plan.addRow("T_BlackList", {{"Nom", "Dupont"}});
+  plan.addRow("T_BlackList", {{"Nom", "Dupond"}});
+  plan.addRow("T_BlackList", {{"Nom", "Du_ont"}});
+  plan.addRow("T_BlackList", {{"Nom", "Durand"}});
   const QString base = "SELECT T_BlackList.* FROM T_BlackList WHERE T_BlackList.Nom Like '%1';";
   EXPECT_EQ(names(base.arg("dup*")), (QStringList{"Dupont", "Dupond"}));
   // % and _ are plain characters in these patterns.
@@ -77,15 +80,15 @@ TEST_F(QueryTranslator, LikeUsesTheEngineWildcards) {
 }
 
 TEST_F(QueryTranslator, DatesCompareAsCalendarDays) {
-  insertRow(db_, "Reservation",
-            {{"Resource", "101"}, {"Date_Deb", QDateTime(day(2024, 6, 15), QTime(14, 0))},
-             {"Date_Fin", day(2024, 6, 16)}, {"Nom", "Timed"}, {"GroupId", "C"}});
-  booking("102", day(2024, 6, 15), day(2024, 6, 16), "Plain");
-  booking("103", day(2024, 6, 14), day(2024, 6, 16), "DayBefore");
-  booking("104", day(2024, 6, 16), day(2024, 6, 16), "DayAfter");
+  insertRow(plan.db(), "Reservation",
+            {{"Resource", "101"}, {"Date_Deb", QDateTime(QDate(2024, 6, 15), QTime(14, 0))},
+             {"Date_Fin", QDate(2024, 6, 16)}, {"Nom", "Timed"}, {"GroupId", "C"}});
+  plan.addBooking("102", QDate(2024, 6, 15), QDate(2024, 6, 16), "Plain");
+  plan.addBooking("103", QDate(2024, 6, 14), QDate(2024, 6, 16), "DayBefore");
+  plan.addBooking("104", QDate(2024, 6, 16), QDate(2024, 6, 16), "DayAfter");
   const QString base = "PARAMETERS D Date;SELECT Reservation.* FROM Reservation WHERE Reservation.Date_Deb %1 [D] "
                        "ORDER BY Reservation.Resource;";
-  const QDate d = day(2024, 6, 15);
+  const QDate d = QDate(2024, 6, 15);
   EXPECT_EQ(names(base.arg("="), {d}), (QStringList{"Timed", "Plain"}));
   EXPECT_EQ(names(base.arg("<>"), {d}), (QStringList{"DayBefore", "DayAfter"}));
   EXPECT_EQ(names(base.arg("<"), {d}), (QStringList{"DayBefore"}));
@@ -99,12 +102,12 @@ TEST_F(QueryTranslator, DatesCompareAsCalendarDays) {
 }
 
 TEST_F(QueryTranslator, ParametersAreCheckedAndCanBeSetAgain) {
-  booking("101", day(2024, 6, 1), day(2024, 6, 3), "A", {{"GroupNb", 4}});
-  booking("102", day(2024, 6, 1), day(2024, 6, 3), "B", {{"GroupNb", 5}});
-  QueryCommand command = catalogue().command("RQ_GroupUsers");
+  plan.addBooking("101", QDate(2024, 6, 1), QDate(2024, 6, 3), "A", {{"GroupNb", 4}});
+  plan.addBooking("102", QDate(2024, 6, 1), QDate(2024, 6, 3), "B", {{"GroupNb", 5}});
+  QueryCommand command = plan.catalogue().command("RQ_GroupUsers");
   EXPECT_THROW(command.setParameter(1, 4), StorageError);
   EXPECT_THROW(command.setParameter(0, "four"), StorageError);
-  QueryCommand dates = catalogue().command("RQ_DayColor");
+  QueryCommand dates = plan.catalogue().command("RQ_DayColor");
   EXPECT_THROW(dates.setParameter(0, "15/06/2024"), StorageError);
 
   for (int group : {4, 5, 4}) {
@@ -117,17 +120,17 @@ TEST_F(QueryTranslator, ParametersAreCheckedAndCanBeSetAgain) {
 }
 
 TEST_F(QueryTranslator, QueryFromAnotherQueryCarriesItsParameters) {
-  row("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", day(2024, 6, 2)}});
-  row("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Kiosk"}, {"From", day(2024, 6, 3)}});
-  row("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", day(2024, 5, 1)}});
+  plan.addRow("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", QDate(2024, 6, 2)}});
+  plan.addRow("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Kiosk"}, {"From", QDate(2024, 6, 3)}});
+  plan.addRow("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"Lib", "Bar"}, {"From", QDate(2024, 5, 1)}});
   // The outer query's own parameter first, then the inner one's; the inner
   // name written in another case.
-  QueryCommand command = catalogue().statement(
+  QueryCommand command = plan.catalogue().statement(
       "PARAMETERS Who Text(50);SELECT q.* FROM rq_invoiceptcs AS q WHERE q.Lib = [Who] ORDER BY q.InvoiceNb;");
   ASSERT_EQ(command.parameterCount(), 2);
   EXPECT_EQ(command.parameter(0).name, "Who");
   EXPECT_EQ(command.parameter(1).name, "DP");
-  command.setParameters({"bar", day(2024, 6, 1)});
+  command.setParameters({"bar", QDate(2024, 6, 1)});
   Statement& st = command.open();
   QStringList found;
   while (st.step()) found << st.column("InvoiceNb").toString();
@@ -144,14 +147,14 @@ TEST_F(QueryTranslator, UnreadableTextsAreRefused) {
   };
   EXPECT_THROW(translateQuery("SELECT QLoop.* FROM QLoop;", loop), QueryTranslationError);
   // Through the catalogue the refusal is a storage error.
-  EXPECT_THROW(catalogue().statement("SELECT [Nom FROM Reservation"), StorageError);
+  EXPECT_THROW(plan.catalogue().statement("SELECT [Nom FROM Reservation"), StorageError);
 }
 
 TEST_F(QueryTranslator, DeleteNamesNoColumns) {
-  booking("101", day(2024, 6, 1), day(2024, 6, 3), "Keep");
-  booking("102", day(2024, 6, 1), day(2024, 6, 3), "Drop");
+  plan.addBooking("101", QDate(2024, 6, 1), QDate(2024, 6, 3), "Keep");
+  plan.addBooking("102", QDate(2024, 6, 1), QDate(2024, 6, 3), "Drop");
   QueryCommand del =
-      catalogue().statement("PARAMETERS N Text(25);DELETE Reservation.* FROM Reservation WHERE Reservation.Nom = [N];");
+      plan.catalogue().statement("PARAMETERS N Text(25);DELETE Reservation.* FROM Reservation WHERE Reservation.Nom = [N];");
   EXPECT_FALSE(del.returnsRows());
   del.setParameter(0, "drop");
   EXPECT_EQ(del.execute(), 1);
@@ -159,18 +162,18 @@ TEST_F(QueryTranslator, DeleteNamesNoColumns) {
 }
 
 TEST_F(QueryTranslator, InsertIntoAnotherFileAttachesItForTheRunOnly) {
-  row("T_BlackList", {{"Nom", "Dupont"}, {"Remark", "Left without paying"}});
-  row("T_BlackList", {{"Nom", "Durand"}});
-  const QString other = dir_.path() + "/other's copy.ksv";
+  plan.addRow("T_BlackList", {{"Nom", "Dupont"}, {"Remark", "Left without paying"}});
+  plan.addRow("T_BlackList", {{"Nom", "Durand"}});
+  const QString other = plan.paths().documentsDir() + "/other's copy.ksv";
   {
     Database target(other, Database::OpenMode::Create);
     createPlanningTables(target);
   }
-  QueryCommand copy = catalogue().statement("INSERT INTO T_BlackList IN '" + QString(other).replace("'", "''") +
+  QueryCommand copy = plan.catalogue().statement("INSERT INTO T_BlackList IN '" + QString(other).replace("'", "''") +
                                             "' SELECT T_BlackList.* FROM T_BlackList;");
   EXPECT_EQ(copy.execute(), 2);
-  EXPECT_EQ(db_.scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
-  EXPECT_EQ(count("T_BlackList"), 2);
+  EXPECT_EQ(plan.db().scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
+  EXPECT_EQ(plan.count("T_BlackList"), 2);
 
   Database target(other, Database::OpenMode::ReadOnly);
   EXPECT_EQ(target.scalar("SELECT group_concat(Nom || ':' || Remark, ',') FROM T_BlackList").toString(),
@@ -178,24 +181,27 @@ TEST_F(QueryTranslator, InsertIntoAnotherFileAttachesItForTheRunOnly) {
 }
 
 TEST_F(QueryTranslator, InsertIntoAMissingFileFailsAndLeavesNothingAttached) {
-  const QString missing = dir_.path() + "/missing.ksv";
+  const QString missing = plan.paths().documentsDir() + "/missing.ksv";
   QueryCommand copy =
-      catalogue().statement("INSERT INTO T_BlackList IN '" + missing + "' SELECT T_BlackList.* FROM T_BlackList;");
+      plan.catalogue().statement("INSERT INTO T_BlackList IN '" + missing + "' SELECT T_BlackList.* FROM T_BlackList;");
   EXPECT_THROW(copy.execute(), StorageError);
   EXPECT_FALSE(QFile::exists(missing));
-  EXPECT_EQ(db_.scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
+  EXPECT_EQ(plan.db().scalar("SELECT count(*) FROM pragma_database_list").toInt(), 1);
 }
 
 }  // namespace
 
 namespace {
 
-class StoredQueryRecordset : public QueryPlanning {};
+class StoredQueryRecordset : public PlanningTest {
+ protected:
+  StoredQueryRecordset() : PlanningTest(QDate(2024, 6, 15)) {}
+};
 
 TEST_F(StoredQueryRecordset, OpensOnAStoredQueryAndEditsItsTableInPlace) {
-  row("Resource", {{"Resource", "Ten"}, {"Order", 10}, {"Color", 1}});
-  row("Resource", {{"Resource", "Two"}, {"Order", 2}, {"Color", 1}});
-  QueryCommand command = catalogue().command("RQ_Resource");
+  plan.addRow("Resource", {{"Resource", "Ten"}, {"Order", 10}, {"Color", 1}});
+  plan.addRow("Resource", {{"Resource", "Two"}, {"Order", 2}, {"Color", 1}});
+  QueryCommand command = plan.catalogue().command("RQ_Resource");
   Recordset rs = command.openRecordset();
   ASSERT_EQ(rs.recordCount(), 2);
   ASSERT_TRUE(rs.isUpdatable());
@@ -210,21 +216,21 @@ TEST_F(StoredQueryRecordset, OpensOnAStoredQueryAndEditsItsTableInPlace) {
 }
 
 TEST_F(StoredQueryRecordset, ParametersSetByPositionBeforeOpening) {
-  row("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 3)}});
-  row("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 6, 2)}});
-  row("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", day(2024, 5, 1)}});
-  QueryCommand command = catalogue().command("RQ_InvoicePtCsNb");
-  command.setParameter(0, day(2024, 6, 1));
+  plan.addRow("Invoice", {{"InvoiceNb", 2}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", QDate(2024, 6, 3)}});
+  plan.addRow("Invoice", {{"InvoiceNb", 1}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", QDate(2024, 6, 2)}});
+  plan.addRow("Invoice", {{"InvoiceNb", 3}, {"Typ", "0"}, {"AddUp", "Y"}, {"From", QDate(2024, 5, 1)}});
+  QueryCommand command = plan.catalogue().command("RQ_InvoicePtCsNb");
+  command.setParameter(0, QDate(2024, 6, 1));
   Recordset rs = command.openRecordset();
   ASSERT_EQ(rs.recordCount(), 2);
   EXPECT_EQ(rs.field("InvoiceNb").toInt(), 1);
-  EXPECT_EQ(rs.field("From").toDate(), day(2024, 6, 2));
+  EXPECT_EQ(rs.field("From").toDate(), QDate(2024, 6, 2));
 
-  command.setParameter(0, day(2024, 4, 1));
+  command.setParameter(0, QDate(2024, 4, 1));
   rs.requery(command.boundValues());
   EXPECT_EQ(rs.recordCount(), 3);
 
-  EXPECT_THROW(catalogue().command("RQ_InvoiceAllDelete").openRecordset(), StorageError);
+  EXPECT_THROW(plan.catalogue().command("RQ_InvoiceAllDelete").openRecordset(), StorageError);
 }
 
 }  // namespace

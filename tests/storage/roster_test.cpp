@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "storage/lock_file.h"
 #include "storage/roster.h"
+#include "support/other_process.h"
 
 using namespace ksv;
 
@@ -21,24 +18,13 @@ class RosterTest : public ::testing::Test {
   QString planning;
 };
 
-// A child process that joins the roster, says so through a pipe, then waits
-// to be killed.
-pid_t childConnected(const QString& planning, const QString& computer) {
-  int fds[2];
-  if (pipe(fds) != 0) return -1;
-  const pid_t pid = fork();
-  if (pid == 0) {
-    close(fds[0]);
-    auto entry = RosterEntry::join(planning, computer, "front-desk");
-    const char ok = entry ? '1' : '0';
-    (void)!write(fds[1], &ok, 1);
-    for (;;) pause();
-  }
-  close(fds[1]);
-  char ok = '0';
-  (void)!read(fds[0], &ok, 1);
-  close(fds[0]);
-  return ok == '1' ? pid : -1;
+// Another process joined to the roster as RECEPTION, until stopped.
+test::OtherProcess receptionJoined(const QString& planning) {
+  return test::OtherProcess([planning] {
+    static std::unique_ptr<RosterEntry> entry;  // lives in the child until it is killed
+    entry = RosterEntry::join(planning, "RECEPTION", "front-desk");
+    return entry != nullptr;
+  });
 }
 
 }  // namespace
@@ -64,13 +50,12 @@ TEST_F(RosterTest, ListsEachLiveConnectionAndGoesWithTheLast) {
 }
 
 TEST_F(RosterTest, AKilledProcessIsNoLongerListed) {
-  const pid_t child = childConnected(planning, "RECEPTION");
-  ASSERT_GT(child, 0);
+  test::OtherProcess child = receptionJoined(planning);
+  ASSERT_TRUE(child.ready());
   auto mine = RosterEntry::join(planning, "OFFICE", "bruno");
   EXPECT_EQ(liveConnections(planning).size(), 2);
 
-  kill(child, SIGKILL);
-  waitpid(child, nullptr, 0);
+  child.stop();
   EXPECT_EQ(liveConnections(planning), (QList<RosterMember>{{"OFFICE", "bruno"}}));
   mine.reset();
   EXPECT_FALSE(QFile::exists(rosterPathOf(planning)));
@@ -79,11 +64,10 @@ TEST_F(RosterTest, AKilledProcessIsNoLongerListed) {
 TEST_F(RosterTest, ARosterLeftByTheDeadDoesNotKeepTheFileAlive) {
   QFile(planning).open(QIODevice::WriteOnly);
   ASSERT_TRUE(RequestConnectMode(planning, 'U'));
-  const pid_t child = childConnected(planning, "RECEPTION");
-  ASSERT_GT(child, 0);
+  test::OtherProcess child = receptionJoined(planning);
+  ASSERT_TRUE(child.ready());
   EXPECT_TRUE(rosterIsLive(planning));
-  kill(child, SIGKILL);
-  waitpid(child, nullptr, 0);
+  child.stop();
   // The dead workstation's roster and lock are both cleared at the next open.
   EXPECT_TRUE(QFile::exists(rosterPathOf(planning)));
   deleteStaleLock(planning);

@@ -52,46 +52,7 @@ class SchemaTest : public ::testing::Test {
   Database db_;
 };
 
-TEST_F(SchemaTest, FourteenTablesInOrderWithColumnsInOrder) {
-  const QStringList expected{"DataBaseInfo", "Reservation", "Resource", "T_BlackList", "Designation",
-                             "Modification", "Payment",     "AccountGroup", "Header", "Invoice",
-                             "InvoiceAll",   "Report",      "Option",       "DayColor"};
-  EXPECT_EQ(db_.tableNames(), expected);
-  auto st = db_.prepare("SELECT * FROM Reservation");
-  EXPECT_EQ(st.columnNames(), (QStringList{"Resource", "Date_Deb", "Date_Fin", "Blocage", "Couleur", "Nom", "Email",
-                                            "HowMany", "Remarque", "Split", "GroupId", "GroupNb", "InvNb"}));
-  auto inv = db_.prepare("SELECT * FROM Invoice");
-  EXPECT_EQ(inv.columnNames(), (QStringList{"InvoiceNb", "Typ", "Lib", "From", "To", "Fixed", "Rate", "QuantityAmount",
-                                             "UPriceIncluded", "PriceNotIncluded", "AddUp", "Printed"}));
-  EXPECT_EQ(one("SELECT count(*) FROM sqlite_schema WHERE type = 'index'").toInt(), 0);
-}
 
-TEST_F(SchemaTest, DefaultsOfABookingAndOfTheWorkTable) {
-  insertRow(db_, "Reservation", booking());
-  auto st = db_.prepare("SELECT Blocage, Couleur, HowMany, Split, Email, Remarque, GroupId, GroupNb, InvNb FROM Reservation");
-  ASSERT_TRUE(st.step());
-  EXPECT_EQ(st.column("Blocage").toInt(), 0);
-  EXPECT_EQ(st.column("Couleur").toInt(), 5);
-  EXPECT_EQ(st.column("HowMany").toInt(), 1);
-  EXPECT_EQ(st.column("Split").toString(), "0");
-  EXPECT_FALSE(st.isNull(4));  // Email: an empty text, not null
-  EXPECT_TRUE(st.isNull(6));  // GroupId: no default on Reservation
-  EXPECT_TRUE(st.isNull(7));
-  EXPECT_TRUE(st.isNull(8));
-
-  insertRow(db_, "InvoiceAll", {{"InvoiceNb", 7}, {"AddUp", "N"}});
-  EXPECT_EQ(one("SELECT GroupId || GroupNb || Fixed FROM InvoiceAll").toString(), "C00.0");
-
-  // Same names, different types: Invoice texts "N"/"Y", Modification Booleans.
-  insertRow(db_, "Invoice", {{"InvoiceNb", -1}, {"Typ", "0"}});
-  EXPECT_EQ(one("SELECT AddUp || Printed FROM Invoice").toString(), "NY");
-  insertRow(db_, "Modification", {{"Modification", "VAT"}});
-  EXPECT_EQ(one("SELECT Included || AddUp || Printed FROM Modification").toString(), "101");
-  insertRow(db_, "Resource", {{"Resource", "R1"}});
-  EXPECT_EQ(one("SELECT Color * 10 + \"Order\" FROM Resource").toInt(), 51);
-  insertRow(db_, "Header", {{"Border", false}});
-  EXPECT_EQ(one("SELECT IdLeft + IdTop + IdHeight + IdWidth + LgLeft FROM Header").toInt(), 10400);
-}
 
 TEST_F(SchemaTest, ZeroLengthOnlyWhereAllowed) {
   QVariantMap b = booking();

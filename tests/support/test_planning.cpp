@@ -2,8 +2,11 @@
 
 #include <stdexcept>
 
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
 #include "storage/creation.h"
-#include "storage/query_command.h"
 #include "storage/schema.h"
 
 namespace ksv::test {
@@ -29,17 +32,90 @@ void TestPlanning::addResource(const QString& name, int color, int order) {
   objects_.RQ_Resource.requery();
 }
 
-void TestPlanning::addBooking(const QString& resource, QDate first, QDate last, const QString& name, int couleur,
-                              const QString& split, int groupNb, const QVariant& invNb) {
-  QVariantMap row{{"Resource", resource}, {"Date_Deb", first}, {"Date_Fin", last}, {"Nom", name},
-                  {"Couleur", couleur},   {"Split", split},    {"GroupId", "C"},   {"GroupNb", groupNb}};
-  if (!invNb.isNull()) row.insert(QStringLiteral("InvNb"), invNb);
-  insertRow(db_, QStringLiteral("Reservation"), row);
+qint64 TestPlanning::addBooking(const QString& resource, QDate first, QDate last, const QString& nom,
+                                QVariantMap more) {
+  more.insert({{"Resource", resource}, {"Date_Deb", first}, {"Date_Fin", last}, {"Nom", nom}});
+  for (const auto& [column, value] :
+       {std::pair<QString, QVariant>{"GroupId", "C"}, {"Split", "0"}, {"Couleur", 0}, {"GroupNb", 0}})
+    if (!more.contains(column)) more.insert(column, value);
+  const qint64 id = insertRow(db_, QStringLiteral("Reservation"), more);
   objects_.Reservation.requery();
+  return id;
+}
+
+qint64 TestPlanning::addGroupHeader(int groupNb, QDate first, QDate last, const QString& nom, QVariantMap more) {
+  more.insert({{"Split", "3"}, {"GroupNb", groupNb}});
+  if (!more.contains("GroupId")) more.insert("GroupId", "L");
+  return addBooking(QStringLiteral(" "), first, last, nom, more);
 }
 
 void TestPlanning::addDayColor(QDate day, int color) {
   insertRow(db_, QStringLiteral("DayColor"), {{"IdDay", day}, {"Color", color}});
+}
+
+void TestPlanning::addBlackList(const QString& nom, const QString& remark) {
+  insertRow(db_, QStringLiteral("T_BlackList"), {{"Nom", nom}, {"Remark", remark}});
+}
+
+qint64 TestPlanning::addRow(const QString& table, const QVariantMap& values) { return insertRow(db_, table, values); }
+
+QString TestPlanning::stored(qint64 rowid, const QString& column) {
+  Statement st = db_.prepare(QStringLiteral("SELECT \"%1\" FROM Reservation WHERE rowid = ?").arg(column));
+  st.bind(0, rowid);
+  if (!st.step()) return QStringLiteral("<gone>");
+  return st.isNull(0) ? QStringLiteral("<null>") : st.column(0).toString();
+}
+
+QStringList TestPlanning::rows(const QString& columns, const QString& where, const QString& table) {
+  const QStringList names = columns.split(QLatin1Char('/'));
+  QStringList quoted;
+  static const QRegularExpression plainName(QStringLiteral("^\\w+$"));
+  for (const QString& n : names) quoted << (plainName.match(n).hasMatch() ? QLatin1Char('"') + n + QLatin1Char('"') : n);
+  Statement st = db_.prepare(QStringLiteral("SELECT %1 FROM \"%2\" %3 ORDER BY rowid")
+                                 .arg(quoted.join(QLatin1Char(',')), table,
+                                      where.isEmpty() ? QString() : QStringLiteral("WHERE ") + where));
+  QStringList out;
+  while (st.step()) {
+    QStringList parts;
+    for (int i = 0; i < names.size(); ++i)
+      parts << (st.isNull(i) ? QStringLiteral("<null>") : st.column(i).toString());
+    out << parts.join(QLatin1Char('/'));
+  }
+  return out;
+}
+
+qlonglong TestPlanning::count(const QString& table, const QString& where) {
+  return db_.scalar(QStringLiteral("SELECT count(*) FROM \"%1\" %2")
+                        .arg(table, where.isEmpty() ? QString() : QStringLiteral("WHERE ") + where))
+      .toLongLong();
+}
+
+QStringList TestPlanning::queryRows(const QString& query, const QStringList& names, const QVariantList& params) {
+  QueryCommand command = catalogue().command(query);
+  command.setParameters(params);
+  Statement& st = command.open();
+  QStringList values;
+  while (st.step()) {
+    QStringList parts;
+    for (const QString& name : names) {
+      const int index = st.columnIndex(name);
+      EXPECT_GE(index, 0) << name.toStdString() << " not in " << query.toStdString();
+      parts << (index < 0 ? QStringLiteral("<no column>") : st.isNull(index) ? QStringLiteral("<null>")
+                                                                             : st.column(index).toString());
+    }
+    values << parts.join(QLatin1Char('/'));
+  }
+  return values;
+}
+
+QStringList TestPlanning::queryColumn(const QString& query, const QString& name, const QVariantList& params) {
+  return queryRows(query, {name}, params);
+}
+
+int TestPlanning::runQuery(const QString& query, const QVariantList& params) {
+  QueryCommand command = catalogue().command(query);
+  command.setParameters(params);
+  return command.execute();
 }
 
 }  // namespace ksv::test
