@@ -165,3 +165,33 @@ TEST_F(ChargerParamTest, LanguageGridAndWebEntries) {
   EXPECT_FALSE(o.WkEnd);
   EXPECT_TRUE(o.RayePast);
 }
+
+// Every yes/no option the user sets reaches the program, whichever way it is set.
+TEST_F(ChargerParamTest, EachYesNoOptionIsReadFromItsKey) {
+  struct Flag {
+    const char* section;
+    const char* key;
+    bool LoadedOptions::*member;
+  };
+  const Flag flags[] = {{"Remember", "RegionalSetting", &LoadedOptions::regionalSetting},
+                        {"Remember", "Border", &LoadedOptions::Border},
+                        {"Remember", "BookingBorder", &LoadedOptions::BookingBorder},
+                        {"Remember", "AvailableBorder", &LoadedOptions::AvailableBorder},
+                        {"Remember", "AvailableColor", &LoadedOptions::AvailableColor},
+                        {"Remember", "Manual", &LoadedOptions::Manual},
+                        {"Security", "LockMode", &LoadedOptions::LockMode},
+                        {"Security", "LockDate", &LoadedOptions::LockDate},
+                        {"Security", "LockInvoice", &LoadedOptions::LockInvoice},
+                        {"Security", "LockDelete", &LoadedOptions::LockDelete},
+                        {"Reservation", "WithFrame", &LoadedOptions::WithFrame},
+                        {"Company", "UseGroups", &LoadedOptions::UseGroups},
+                        {"Company", "LockGroups", &LoadedOptions::LockGroups},
+                        {"Company", "PrintGroups", &LoadedOptions::PrintGroups}};
+  for (const Flag& f : flags) {
+    SCOPED_TRACE(f.key);
+    for (const bool on : {true, false}) {
+      ini.SetValue(f.section, f.key, on ? "O" : "N");
+      EXPECT_EQ(Charger_Param(ini, clock).*f.member, on);
+    }
+  }
+}
