@@ -60,6 +60,11 @@ TEST(AccessCode, AskedOnlyWhenACodeIsSet) {
   // A code scrambled with the other key word is not the code.
   ini.SetValue("Security", "AccesOptions", Scramble(kKeyAccesPlanning, "Open"));
   EXPECT_FALSE(askAccessCode(ini, AccessCode::Options, show));
+
+  // The start asks for the planning's code only when one is set.
+  EXPECT_TRUE(codeIsSet("Open"));
+  EXPECT_FALSE(codeIsSet("NilPin"));
+  EXPECT_FALSE(codeIsSet(""));
 }
 
 TEST(AccessCode, DamagedOptionsAreResetAtStartKeepingTheLanguage) {
