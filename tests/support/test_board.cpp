@@ -57,7 +57,7 @@ GestureHooks TestBoard::hooks() {
     r->setRecordsets(&board_.view, &planning_.objects().Reservation);
     return r;
   };
-  h.openers = [this](BookingRecords& r) {
+  h.openers = [this](auto& r) {
     BookingDialogOpeners o;
     o.Reservation = [this, &r] {
       opened_ << "Reservation " + r.Nom_L;
@@ -70,7 +70,7 @@ GestureHooks TestBoard::hooks() {
     o.ReservationGrp = [this] { opened_ << "ReservationGrp"; };
     return o;
   };
-  h.ReservationCreer = [this](BookingRecords& r) {
+  h.ReservationCreer = [this](auto& r) {
     opened_ << "ReservationCreer " + r.Res_L + " " + r.DD_L.toString(Qt::ISODate);
   };
   return h;
