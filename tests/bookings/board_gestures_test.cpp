@@ -129,6 +129,14 @@ TEST_F(BoardGesturesTest, RowsAreClampedToTheGridAndToTheLastResource) {
   EXPECT_EQ(where("Clamp"), "Room 2 2025-03-07 2025-03-08");
 }
 
+TEST_F(BoardGesturesTest, WithMoreResourcesThanRowsTheLastRowShownTakesItsOwnResource) {
+  rooms(6);
+  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 8), "Down");
+  open();
+  gestures_->Form_DragDrop(pickUp("Down"), rowY(3));
+  EXPECT_EQ(where("Down"), "Room 4 2025-03-07 2025-03-08");
+}
+
 TEST_F(BoardGesturesTest, LockedDatesAndSplitPartsMoveTheResourceAlone) {
   rooms(3);
   planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Whole");
