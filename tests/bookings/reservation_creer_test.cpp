@@ -70,15 +70,6 @@ TEST_F(CreerTest, FormLoadProposesAWeekOnThePressedResource) {
   EXPECT_EQ(p.resources, QStringList{"Suite"});
   EXPECT_EQ(p.resource(), "Suite");
   EXPECT_EQ(p.NbAvailable, "1");
-  // A room that is not the first of its category is the one taken.
-  ctx().windows.Trous = [&](TrousSearch& trous) -> std::optional<HoleChoice> {
-    trous.Form_Load();
-    trous.setCategory(-1);
-    messages.answer(MsgAnswer::Yes);
-    return trous.Trous_OK_Click(1);
-  };
-  p.Holes_Click();
-  EXPECT_EQ(p.resource(), "102");
   // Picking a resource in "All categories" shows its category's colours.
   p.Category_Click(0);
   p.Resource_Click(3);
