@@ -135,6 +135,8 @@ TEST_F(BoardGesturesTest, WithMoreResourcesThanRowsTheLastRowShownTakesItsOwnRes
   open();
   gestures_->Form_DragDrop(pickUp("Down"), rowY(3));
   EXPECT_EQ(where("Down"), "Room 4 2025-03-07 2025-03-08");
+  gestures_->Form_DragDrop(pickUp("Down"), 9000);  // below the grid: still the last row shown
+  EXPECT_EQ(where("Down"), "Room 4 2025-03-07 2025-03-08");
 }
 
 TEST_F(BoardGesturesTest, LockedDatesAndSplitPartsMoveTheResourceAlone) {
