@@ -48,9 +48,6 @@ TEST(EcranTexts, ShowTheReading) {
   EXPECT_EQ(en.resolution, "Resolution : 1024 x 768 pixels");
   EXPECT_EQ(en.font, "Font : Small");
   EXPECT_EQ(en.color, "Color : True colors (24 or 32 bits)");
-  const EcranTexts fr = ecranTexts(screenOf(800, 600, 120), Texts(kFrenchOffset));
-  EXPECT_EQ(fr.resolution, "Résolution : 800 x 600 pixels");
-  EXPECT_EQ(fr.font, "Police : Grande");
 }
 
 TEST(ScreenFrameChoice, FirstRowThatHoldsInOrder) {
