@@ -75,24 +75,12 @@ TEST(CalendrierDialog, ClickADayThenOk) {
   presenter.calendar().SetDateTo(QDate(2027, 6, 30));
   CalendrierDialog dialog(presenter, texts);
   dialog.show();
-  EXPECT_EQ(dialog.windowTitle(), "Calendar");
   press(dialog.view(), dialog.view()->dayCentre(QDate(2025, 3, 3)));
   dialog.okButton()->click();
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_TRUE(presenter.Result);
   EXPECT_EQ(presenter.GetDate(), QDate(2025, 3, 3));
-}
-
-TEST(CalendrierDialog, CancelRejects) {
-  const FixedClock clock(QDate(2025, 3, 14));
-  const Texts texts(0);
-  CalendrierPresenter presenter(clock, screen1024(), texts);
-  CalendrierDialog dialog(presenter, texts);
-  dialog.show();
-  dialog.cancelButton()->click();
-  EXPECT_EQ(dialog.result(), QDialog::Rejected);
-  EXPECT_FALSE(presenter.Result);
 }
 
 TEST(CalendriersDialog, StaysOpenUntilFromIsBeforeTo) {
@@ -105,7 +93,6 @@ TEST(CalendriersDialog, StaysOpenUntilFromIsBeforeTo) {
   dialog.okButton()->click();
   EXPECT_TRUE(dialog.isVisible());
   ASSERT_EQ(messages.shown().size(), 1u);
-  EXPECT_EQ(messages.last().text, "The date [From] must be smaller than the date [To]");
 
   press(dialog.viewTo(), dialog.viewTo()->dayCentre(QDate(2025, 3, 18)));
   dialog.okButton()->click();
@@ -125,10 +112,4 @@ TEST(EcranDialog, ReadsTheDisplay) {
   const int dpi = static_cast<int>(std::lround(display->logicalDotsPerInch()));
   EXPECT_EQ(screen.Echelle, dpi == 96 ? QLatin1Char('S') : QLatin1Char('L'));
   EXPECT_EQ(dialog.resolutionText(), QString("Resolution : %1 x %2 pixels").arg(screen.ScreenW).arg(screen.ScreenH));
-  EXPECT_EQ(dialog.windowTitle(), "Screen");
-
-  ScreenDescription again;
-  EcranDialog::readActualScreen(again);
-  EXPECT_EQ(again.ScreenW, screen.ScreenW);
-  EXPECT_EQ(again.Echelle, screen.Echelle);
 }

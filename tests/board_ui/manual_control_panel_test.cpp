@@ -31,22 +31,6 @@ class ManualPanelTest : public test::TestBoard {
   }
 };
 
-TEST_F(ManualPanelTest, OnAnEmptyScreenOnlyTheNewButtonsAndExitRemain) {
-  board_.setSession(&planning_.objects());
-  BoardWidget board(board_, options_, texts_);
-  board.Dessiner_Ecran();
-  QPointer<ManualControlPanel> r = ManualControlPanel::ResourceControl(
-      board, texts_, {[] {}, [](int) {}, [](int) {}}, nullptr);
-  EXPECT_EQ(r->windowTitle(), "Kestrovane [Resource control]");
-  EXPECT_EQ(enabled(*r), (QStringList{"&New resource", "E&xit"}));
-  QPointer<ManualControlPanel> b = ManualControlPanel::BookingControl(board, texts_, {[] {}, [](int) {}}, nullptr);
-  EXPECT_EQ(b->windowTitle(), "Kestrovane [Booking control]");
-  EXPECT_EQ(enabled(*b), (QStringList{"&New booking", "E&xit"}));
-  EXPECT_FALSE(board_.Repere.visible);
-  r->close();
-  b->close();
-}
-
 TEST_F(ManualPanelTest, TheResourcePanelActsOnTheMarkedRowAndFollowsAScroll) {
   for (int i = 1; i <= 6; ++i) planning_.addResource(QString("Room %1").arg(i), 0, 2 * i - 1);
   board_.setSession(&planning_.objects());
