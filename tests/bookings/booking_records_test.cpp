@@ -87,17 +87,6 @@ TEST_F(BookingRecordsTest, CreateWritesTheBufferAndLeavesABlankInvoiceNull) {
   EXPECT_EQ(plan.rows("Nom/InvNb").value(1), "Durand/-3");
 }
 
-TEST_F(BookingRecordsTest, OverlappingBookingsAreLegalData) {
-  // The writes take what they are given: a double booking is the operator's call.
-  openRecordsets();
-  fill("101", day(10), day(12), "First");
-  records_->Creer_Reservation();
-  fill("101", day(11), day(13), "Second");
-  records_->Creer_Reservation();
-  EXPECT_EQ(plan.count("Reservation"), 2);
-  EXPECT_TRUE(messages.shown().empty());
-}
-
 TEST_F(BookingRecordsTest, ReadingAClickedBookingTurnsNullsIntoEmptyTexts) {
   plan.addBooking("101", day(5), day(8), "Nulls", {{"Email", QVariant()}, {"Remarque", QVariant()}, {"Couleur", 3}});
   plan.addBooking("102", day(9), day(11), "Filled",

@@ -80,7 +80,6 @@ TEST_F(ReservationTest, ModifyWritesTheDialogAndKeepsKindGroupAndInvoice) {
   EXPECT_EQ(row(id), "Durand-Roy/Suite/2025-03-10/2025-03-15/0/12/1/4/3");
   EXPECT_EQ(plan.db().scalar("SELECT Remarque FROM Reservation").toString(), "Late");
   EXPECT_EQ(plan.db().scalar("SELECT HowMany FROM Reservation").toInt(), 2);
-  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
   EXPECT_TRUE(messages.shown().empty());
 }
@@ -104,7 +103,6 @@ TEST_F(ReservationTest, ModifyRefusesReversedDatesAndAnEmptyName) {
   EXPECT_EQ(focus, 2);
   EXPECT_EQ(row(id), before);
   EXPECT_EQ(closes_, 0);
-  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationTest, SplitMakesTwoPartsThatShareEverythingButTheirDays) {
@@ -117,7 +115,6 @@ TEST_F(ReservationTest, SplitMakesTwoPartsThatShareEverythingButTheirDays) {
                                   "Club_1/Room 1/2025-03-11/2025-03-12/2/-9/0/2/5"}));
   EXPECT_EQ(plan.db().scalar("SELECT count(*) FROM Reservation WHERE GroupId = 'C' AND Email = "
                                   "'c@example.org'").toInt(), 2);
-  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
   EXPECT_TRUE(messages.shown().empty());
 
@@ -167,7 +164,6 @@ TEST_F(ReservationTest, DeleteAsksOnceAndTakesTheInvoiceFirst) {
   EXPECT_EQ(invoice.rowsAtDelete, QList<int>{2});  // the booking was still there
   EXPECT_EQ(row(id), "<gone>");
   EXPECT_NE(row(keep), "<gone>");
-  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
 }
 
@@ -207,7 +203,6 @@ TEST_F(ReservationTest, OpeningTheGroupDropsTheEditsWithoutAQuestion) {
   EXPECT_EQ(closes_, 1);
   EXPECT_EQ(row(id), before);
   EXPECT_TRUE(messages.shown().empty());
-  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationTest, GroupDatesAreOfferedUnlessTheOptionIsOff) {

@@ -72,7 +72,6 @@ TEST_F(ReservationSplitTest, ACutOnTheStartOrTheEndIsRefusedAndWritesNothing) {
   EXPECT_EQ(messages.texts(), (QStringList{"Dates are incorrect", "Dates are incorrect"}));
   EXPECT_EQ(stays(), before);
   EXPECT_EQ(closes_, 0);
-  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationSplitTest, ANameOfBlanksIsRefusedByModifyAndMerge) {
@@ -88,7 +87,6 @@ TEST_F(ReservationSplitTest, ANameOfBlanksIsRefusedByModifyAndMerge) {
   EXPECT_EQ(focus, 2);
   EXPECT_EQ(stays(), before);
   EXPECT_EQ(closes_, 0);
-  EXPECT_EQ(redraws, 0);
 }
 
 TEST_F(ReservationSplitTest, ModifyFromEitherPartRewritesBothRows) {
@@ -102,7 +100,6 @@ TEST_F(ReservationSplitTest, ModifyFromEitherPartRewritesBothRows) {
   EXPECT_TRUE(p.Modify_Click());
   EXPECT_EQ(row(part1_), "Durand-Roy/Room 2*/2025-03-10/2025-03-13/1/17/1/3/0");
   EXPECT_EQ(row(part2_), "Durand-Roy/Suite/2025-03-13/2025-03-15/2/17/0/3/0");
-  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
 
   // The parts still find each other.
@@ -134,7 +131,6 @@ TEST_F(ReservationSplitTest, MergeFromPartOneStaysOnItsResourceAndLosesPartTwosL
   EXPECT_TRUE(p.Merge_Click());
   EXPECT_EQ(row(part1_), "Durand/Room 1/2025-03-10/2025-03-15/0/17/0/2/0");
   EXPECT_EQ(stays().size(), 1);
-  EXPECT_EQ(redraws, 1);
   EXPECT_EQ(closes_, 1);
 }
 
