@@ -29,16 +29,12 @@ TEST_F(ChargerParamTest, AFreshFileGivesTheFirstRunOptions) {
   const LoadedOptions o = Charger_Param(ini, clock);
   EXPECT_EQ(o.language, Language::En);
   EXPECT_EQ(o.textOffset, 0);
-  EXPECT_EQ(o.monthNamesUpper.at(0), "JANUARY");
   EXPECT_EQ(o.boardOrigin, QDate(2024, 3, 15));
-  EXPECT_EQ(o.DayBack, (std::array<Colour, 5>{16761087, 16744703, 13434879, 8454143, 62708}));
   EXPECT_EQ(o.SchedulePeriod, QStringList(6, QString()));
   EXPECT_TRUE(o.autoCompactSet);
   EXPECT_EQ(o.AutoCompact, QDate(2024, 3, 15));
   EXPECT_FALSE(o.LockMode);
   EXPECT_EQ(o.YearKeep, 3);
-  EXPECT_EQ(o.Libelle, (QStringList{"Information", "Reservation", "Confirmation", "VIP", "In reserve", "In Use"}));
-  EXPECT_EQ(o.BookingFore, (std::array<Colour, 6>{kBlack, kWhite, kWhite, kWhite, kBlack, kWhite}));
   EXPECT_TRUE(o.gridSolid);
   EXPECT_FALSE(o.gridInFront);
   EXPECT_EQ(o.RefreshScreen, "N") << "a station in normal mode never refreshes by itself";
