@@ -17,8 +17,6 @@ TEST(Scramble, TheWorkedExampleAndRoundTrips) {
   EXPECT_EQ(Unscramble("abc", "050d04"), "dog") << "lower-case digits read too";
   // The key word is taken cyclically from its first letter.
   EXPECT_EQ(Scramble("ab", "aaaa"), "00030003");
-  EXPECT_EQ(QString(kKeyAccesPlanning).size(), 13);
-  EXPECT_EQ(QString(kKeyAccesOptions).size(), 12);
   for (const QString& code : {QString("NilPin"), QString("Secret 2024"), QString::fromUtf8("Hôtel€"),
                               QString(40, 'z')}) {
     const QString stored = Scramble(kKeyAccesPlanning, code);
