@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -18,10 +17,6 @@ TEST(MainWindow, StartsTitledWithTheNormalBar) {
   MainWindow w(texts);
   w.show();
   EXPECT_EQ(w.windowTitle(), "Kestrovane");
-  QStringList visible;
-  for (QAction* a : w.menuBar()->actions())
-    if (a->isVisible()) visible << a->text();
-  EXPECT_EQ(visible, (QStringList{"&File", "&View", "&Booking", "&Invoicing", "&Customers", "&Tools", "&Help"}));
   // Entries without a handler are disabled; exit works.
   EXPECT_FALSE(w.action("M_New")->isEnabled());
   ASSERT_TRUE(w.action("M_Exit")->isEnabled());
