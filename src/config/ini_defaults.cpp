@@ -51,6 +51,8 @@ std::vector<IniDefault> newIniDefaults(QDate today) {
       {"Alarm", "NbDays", kAlarmNbDays},
       {"Alarm", "Printing", kAlarmPrintingNew},
       {"Alarm", "Extension", "N"},
+      {"Alarm", "Exceptions", "O"},
+      {"Alarm", "OpenAtStart", "N"},
 
       {"Resource", "Categorie", kCategorie},
       {"Resource", "ColorCategorie", kColorCategorie},

@@ -36,6 +36,9 @@ inline constexpr char kCategorie[] = "\\\\\\\\\\\\";   // six empty categories
 inline constexpr char kColorLibelle[] = "NOOONO";
 inline constexpr char kAlarmPrinting[] = "OONNN";       // when the alarm window opens
 inline constexpr char kExtension[] = "0";               // in the options dialog; reads as no
+// The worklist's "To look at" list: an installation that has no key is one
+// upgraded from a version without it, and keeps the worklist it knew.
+inline constexpr char kAlarmExceptions[] = "N";
 }  // namespace missing
 
 // `Printing` of `Alarm` as the alarm window reads it.

@@ -11,6 +11,7 @@
 #include "ini_defaults.h"
 #include "ini_file.h"
 #include "legacy_options.h"
+#include "option_reader.h"
 #include "config/access_code.h"
 
 namespace ksv {
@@ -92,6 +93,8 @@ UpdateIniResult UpdateIni(const Paths& paths, const QString& runningVersion, con
     if (legacyLanguage) {
       writeDefaultIni(ini, today);
       for (const auto& [key, value] : legacy) ini.SetValue("Remember", key, value);
+      // Upgraded, not new: the worklist stays as the older version showed it.
+      ini.SetValue("Alarm", "Exceptions", QString::fromLatin1(missing::kAlarmExceptions));
     } else if (const QString old = findOldIni(paths); !old.isEmpty()) {
       QFile::remove(paths.iniFile());
       if (!QFile::copy(old, paths.iniFile())) {

@@ -148,6 +148,7 @@ TEST_F(UpdateIniTest, TheLegacyStoreGivesLanguageAndValuesOverTheDefaults) {
   EXPECT_EQ(ini.GetValue("Remember", "Language"), "Fr");
   EXPECT_EQ(ini.GetValue("Remember", "LastFile"), "/srv/hotel.ksv");
   EXPECT_EQ(ini.GetValue("Reservation", "Grid"), "LB") << "the first-run file lies underneath";
+  EXPECT_EQ(ini.GetValue("Alarm", "Exceptions"), "N") << "an upgraded worklist keeps its five lists";
   // No version in the store: every upgrade step ran.
   EXPECT_EQ(ini.GetValue("Remember", "BackColor"), "1\\2\\3\\4\\62708\\");
   EXPECT_EQ(ini.GetValue("Remember", "ForeColor"), "NNNNN");
