@@ -1,6 +1,7 @@
 #pragma once
 // A list as it goes to the printer: a heading, column titles and rows of
-// texts. The widgets side lays it out on paper in "Arial".
+// texts. The widgets side lays it out on paper in "Arial"; a cell followed
+// only by empty cells runs on to the right margin.
 
 #include <QList>
 #include <QString>
@@ -14,6 +15,8 @@ struct PrintedList {
   QList<QStringList> rows;
   // Relative widths of the columns, one per title.
   QList<int> widths;
+  // Rows printed in bold as the heading of the rows below them.
+  QList<int> headingRows;
 };
 
 }  // namespace ksv

@@ -52,18 +52,30 @@ bool paintList(const PrintedList& list, QPagedPaintDevice& device) {
     painter.setFont(body);
   };
   header();
-  const QFontMetrics metrics(body, &device);
-  for (const QStringList& row : list.rows) {
+  for (qsizetype r = 0; r < list.rows.size(); ++r) {
+    const QStringList& row = list.rows[r];
+    const bool headingRow = list.headingRows.contains(int(r));
+    painter.setFont(headingRow ? bold : body);
+    const QFontMetrics metrics(headingRow ? bold : body, &device);
+    // Each cell's width: up to the next filled cell, or the right margin.
+    QList<int> cellWidths;
+    for (int i = 0; i < row.size() && i < widths.size(); ++i) {
+      int next = i + 1;
+      while (next < row.size() && next < widths.size() && row[next].isEmpty()) ++next;
+      cellWidths << (next >= row.size() || next >= widths.size() ? area.right() - lefts[i] : lefts[next] - lefts[i] - dpi / 10);
+    }
     int height = metrics.height();
-    for (int i = 0; i < row.size() && i < widths.size(); ++i)
-      height = std::max(height, metrics.boundingRect(QRect(0, 0, widths[i], 100000), Qt::TextWordWrap, row[i]).height());
+    for (int i = 0; i < cellWidths.size(); ++i)
+      height = std::max(height, metrics.boundingRect(QRect(0, 0, cellWidths[i], 100000), Qt::TextWordWrap, row[i]).height());
+    if (headingRow) y += dpi / 8;
     if (y + height > area.bottom()) {
       device.newPage();
       y = area.top();
       header();
+      painter.setFont(headingRow ? bold : body);
     }
-    for (int i = 0; i < row.size() && i < widths.size(); ++i)
-      painter.drawText(QRect(lefts[i], y, widths[i], height), Qt::TextWordWrap | Qt::AlignLeft, row[i]);
+    for (int i = 0; i < cellWidths.size(); ++i)
+      painter.drawText(QRect(lefts[i], y, cellWidths[i], height), Qt::TextWordWrap | Qt::AlignLeft, row[i]);
     y += height + dpi / 20;
   }
   return painter.end();
