@@ -13,7 +13,9 @@
 #include "invoicing/invoice_accounts.h"
 #include "net/ui/mail.h"
 #include "qt_session_view.h"
+#include "core/messages.h"
 #include "storage/planning_session.h"
+#include "storage/sqlite_db.h"
 
 namespace ksv {
 namespace {
@@ -60,6 +62,32 @@ struct GestureBooking {
 };
 
 }  // namespace
+
+void openBookingRow(const BoardGesturesContext& c, const BookingDialogs& dialogs, qint64 rowId, QWidget* parent) {
+  if (!c.session.IsOpen || !c.session.normalMode()) return;
+  c.view.stopRefreshTimer();
+  try {
+    Database& db = c.session.connection()->db();
+    Recordset one = Recordset::openQuery(db, QStringLiteral("SELECT * FROM Reservation WHERE rowid = ?"), {rowId});
+    if (!one.isEOF()) {
+      BookingRecords records(db, c.clock, c.messages, c.texts);
+      records.setRecordsets(&one, &c.session.objects().Reservation);
+      records.Dessiner_Ecran = [&v = c.view] { v.Dessiner_Ecran(); };
+      records.I_L = 0;
+      records.readClickedBooking();
+      GestureBooking booking(c, records);
+      BookingDialogOpeners open;
+      if (dialogs.Reservation) open.Reservation = [&] { return dialogs.Reservation(booking.context, parent); };
+      if (dialogs.ReservationSplit)
+        open.ReservationSplit = [&] { return dialogs.ReservationSplit(booking.context, parent); };
+      if (dialogs.ReservationGrp) open.ReservationGrp = [&] { dialogs.ReservationGrp(booking.context, parent); };
+      records.openBooking(open);
+    }
+  } catch (const StorageError& e) {
+    c.messages.critical(QString::fromUtf8(e.what()));
+  }
+  if (c.session.refreshWanted()) c.view.startRefreshTimer(c.session.refreshInterval());
+}
 
 std::unique_ptr<BoardGestures> wireBoardGestures(const BoardGesturesContext& ctx, BookingDialogs dialogs) {
   // The context outlives every gesture: it is the window's.

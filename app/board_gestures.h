@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 
+#include <QtGlobal>
+
 class QWidget;
 
 namespace ksv {
@@ -46,5 +48,9 @@ struct BoardGesturesContext {
 
 // Gives the board its gestures; the result lives as long as the board.
 std::unique_ptr<BoardGestures> wireBoardGestures(const BoardGesturesContext& ctx, BookingDialogs dialogs);
+
+// Opens the booking of row `rowId` of Reservation as a right press on its
+// label does, over `parent` (the worklist's double click). Only in normal mode.
+void openBookingRow(const BoardGesturesContext& ctx, const BookingDialogs& dialogs, qint64 rowId, QWidget* parent);
 
 }  // namespace ksv

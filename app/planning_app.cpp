@@ -42,6 +42,7 @@
 #include "storage/start_checks.h"
 #include "version.h"
 #include "window_placement.h"
+#include "worklist_menus.h"
 
 namespace ksv {
 namespace {
@@ -194,8 +195,16 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   bookingDialogs.ReservationSplit = showReservationSplit;
   bookingDialogs.ReservationGrp = showReservationGrp;
   bookingDialogs.ReservationCreer = showReservationCreer;
-  const std::unique_ptr<BoardGestures> gestures =
-      wireBoardGestures({*board, session, view, options, dates, messages, texts, clock, paths}, bookingDialogs);
+  const BoardGesturesContext gestureContext{*board, session, view, options, dates, messages, texts, clock, paths};
+  const std::unique_ptr<BoardGestures> gestures = wireBoardGestures(gestureContext, bookingDialogs);
+  // The worklist and the history; a booking opened from the worklist opens as from the board.
+  const WorklistWindowsContext worklist{
+      session, ini, options, messages, texts, clock, regional,
+      [&gestureContext, &bookingDialogs](qint64 rowId, QWidget* parent) {
+        openBookingRow(gestureContext, bookingDialogs, rowId, parent);
+      }};
+  window.setHandler(QStringLiteral("M_Alarm"), [&worklist, &window] { showAlarm(worklist, &window); });
+  window.setHandler(QStringLiteral("M_BookingHistory"), [&worklist, &window] { showHistorique(worklist, &window); });
   // The manual panels act as the presses do: a new booking on the first
   // resource on screen, the marked booking opened as by the right button.
   const BoardFrame& f = frame;
@@ -211,11 +220,13 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   window.show();
 
   // The last planning opens once the window is on the screen.
-  QTimer::singleShot(0, &window, [&session, openExample, planning] {
+  QTimer::singleShot(0, &window, [&session, &ini, &worklist, &window, openExample, planning] {
     if (openExample)
       session.M_Example();
     else
       session.firstFocus(capsLockOn(), planning);
+    // The day's work first, when the options ask for it.
+    if (session.IsOpen && alarmAtStart(ini)) showAlarm(worklist, &window);
   });
   return app.exec();
 }
