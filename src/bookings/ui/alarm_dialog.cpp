@@ -22,8 +22,11 @@ AlarmDialog::AlarmDialog(AlarmPresenter& presenter, const Texts& texts, const QS
   const QStringList buttons = texts.list(txt::AlarmButtons, 3);
 
   auto* grid = new QGridLayout;
-  // Where each list stands: the day's lists on top, the look-back lists below.
-  const int places[AlarmPresenter::kLists][2] = {{0, 0}, {0, 1}, {1, 0}, {1, 1}, {0, 2}, {1, 2}};
+  // Where each list stands: the day's lists on the left, the overstays
+  // beside them, and the stays to look at across the foot, for their reasons.
+  // Row, column, rows and columns taken.
+  const int places[AlarmPresenter::kLists][4] = {{0, 0, 1, 1}, {0, 1, 1, 1}, {1, 0, 1, 1},
+                                                {1, 1, 1, 1}, {0, 2, 2, 1}, {2, 0, 1, 3}};
   for (int i = 0; i < AlarmPresenter::kLists; ++i) {
     auto* box = new QGroupBox(p_.titles[std::size_t(i)], this);
     auto* layout = new QVBoxLayout(box);
@@ -37,7 +40,7 @@ AlarmDialog::AlarmDialog(AlarmPresenter& presenter, const Texts& texts, const QS
     head->addWidget(check);
     auto* list = new QListWidget(box);
     list->setObjectName(QStringLiteral("List_Alarm_%1").arg(i));
-    list->setMinimumWidth(i == AlarmPresenter::ToLookAt ? 330 : 150);
+    list->setMinimumWidth(150);
     connect(list, &QListWidget::currentRowChanged, this, [this, i](int row) {
       if (showing_ || row < 0) return;
       p_.List_Alarm_Click(i, row);
@@ -53,7 +56,7 @@ AlarmDialog::AlarmDialog(AlarmPresenter& presenter, const Texts& texts, const QS
     countTexts_[std::size_t(i)] = countText;
     checks_[std::size_t(i)] = check;
     lists_[std::size_t(i)] = list;
-    grid->addWidget(box, places[i][0], places[i][1]);
+    grid->addWidget(box, places[i][0], places[i][1], places[i][2], places[i][3]);
   }
 
   detail_ = new BookingDetailPanel(texts, p_.canWrite, this);
@@ -98,6 +101,7 @@ void AlarmDialog::showLists() {
     QListWidget* list = lists_[std::size_t(i)];
     list->clear();
     list->addItems(p_.List_Alarm[std::size_t(i)]);
+    for (int row = 0; row < list->count(); ++row) list->item(row)->setToolTip(list->item(row)->text());
   }
   // Extension ? only when the option asks for it; To look at only when it holds something.
   frames_[AlarmPresenter::OverStay]->setVisible(p_.overStayShown);

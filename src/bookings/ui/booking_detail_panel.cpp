@@ -26,6 +26,7 @@ QLineEdit* readOnly(QWidget* parent, const char* name) {
 BookingDetailPanel::BookingDetailPanel(const Texts& texts, bool canWrite, QWidget* parent) : QWidget(parent) {
   const QStringList labels = texts.list(txt::DetailLabels, 9);
   auto* form = new QFormLayout(this);
+  setMinimumWidth(300);
   Resource_ = readOnly(this, "Resource");
   Dt_Deb_ = readOnly(this, "Dt_Deb");
   Dt_Fin_ = readOnly(this, "Dt_Fin");
