@@ -226,7 +226,7 @@ std::optional<PrintedList> AlarmPresenter::printedAlarm() {
 
   const Texts& t = ctx_.texts;
   const QString format = ctx_.regional.shortDateFormat;
-  const QStringList lead = t.list(txt::AlarmLeadWords, kLists);
+  const QStringList lead = t.list(txt::AlarmLeadWords, 4);
   PrintedList p;
   p.heading = t.get(txt::Product) + QStringLiteral("  ") + t.get(txt::AlarmPrintTitle) + today_.toString(format);
   p.titles = t.list(txt::AlarmPrintColumns, 4);
@@ -239,8 +239,7 @@ std::optional<PrintedList> AlarmPresenter::printedAlarm() {
   };
   auto heading = [&](int list) {
     p.headingRows << int(p.rows.size());
-    const QString beside = list <= Event2 ? countTexts[std::size_t(list)] : titles[std::size_t(list)];
-    p.rows << QStringList{lead[list] + beside};
+    p.rows << QStringList{list <= Event2 ? lead[list] + countTexts[std::size_t(list)] : titles[std::size_t(list)]};
   };
   auto fromRow = [&](const Recordset& rs) {
     stayRow(field(rs, "Resource"), field(rs, "Nom"), dayOf(rs.field(QStringLiteral("Date_Deb"))),
@@ -249,8 +248,9 @@ std::optional<PrintedList> AlarmPresenter::printedAlarm() {
 
   if (exceptionsShown() && Ck_Alarm[ToLookAt]) {
     heading(ToLookAt);
+    // The reasons stand under the stay, where a remark would.
     for (const WorklistException& e : exceptions_)
-      stayRow(e.Resource, e.Nom, e.Date_Deb, e.Date_Fin, e.reasons.join(QStringLiteral(" ; ")), QString());
+      stayRow(e.Resource, e.Nom, e.Date_Deb, e.Date_Fin, e.Email, e.reasons.join(QStringLiteral("\r\n")));
   }
   if (overStayShown && Ck_Alarm[OverStay] && overStay_.isOpen()) {
     heading(OverStay);

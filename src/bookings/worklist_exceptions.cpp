@@ -15,7 +15,7 @@ enum Reason { LeftNoInvoice, LeftPending, LeavesNoInvoice, LeavesPending, BlackL
 Recordset stays(Database& db, const QString& where, const QString& order, const QVariantList& params) {
   return Recordset::openQuery(
       db,
-      QStringLiteral("SELECT r.rowid AS Id, r.Resource, r.Nom, r.Date_Deb, r.Date_Fin, r.InvNb, r.Split, "
+      QStringLiteral("SELECT r.rowid AS Id, r.Resource, r.Nom, r.Email, r.Date_Deb, r.Date_Fin, r.InvNb, r.Split, "
                      "(SELECT count(*) FROM Invoice i WHERE i.InvoiceNb = r.InvNb AND i.Typ = '0') AS Heads, "
                      "(SELECT count(*) FROM Invoice i WHERE i.InvoiceNb = r.InvNb AND i.Typ = '0' "
                      "AND i.\"From\" IS NULL) AS Pending "
@@ -37,6 +37,7 @@ class Collector {
       e.rowId = id;
       e.Resource = rs.field(QStringLiteral("Resource")).toString();
       e.Nom = rs.field(QStringLiteral("Nom")).toString();
+      e.Email = rs.field(QStringLiteral("Email")).toString();
       e.Date_Deb = dayOf(rs.field(QStringLiteral("Date_Deb")));
       e.Date_Fin = dayOf(rs.field(QStringLiteral("Date_Fin")));
       out << e;

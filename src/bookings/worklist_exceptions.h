@@ -21,7 +21,7 @@ class Texts;
 
 struct WorklistException {
   qint64 rowId = -1;  // the booking's row of Reservation
-  QString Resource, Nom;
+  QString Resource, Nom, Email;
   QDate Date_Deb, Date_Fin;
   QStringList reasons;  // in words, in the order found
 };

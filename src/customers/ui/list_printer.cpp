@@ -91,7 +91,8 @@ bool printListToPdf(const PrintedList& list, const QString& path) {
 
 void printList(const PrintedList& list, QWidget* parent, Messages& messages, const Texts& texts) {
   QPrinter printer(QPrinter::HighResolution);
-  printer.setDocName(list.heading);
+  // The document name proposes the PDF file's name: a date's slashes would make folders of it.
+  printer.setDocName(QString(list.heading).replace(QLatin1Char('/'), QLatin1Char('-')));
   QPrintDialog dialog(&printer, parent);
   if (dialog.exec() != QDialog::Accepted) return;
   if (!paintList(list, printer)) messages.critical(texts.get(txt::CustomerPrintFailed));
