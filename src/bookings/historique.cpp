@@ -87,6 +87,8 @@ void HistoriquePresenter::selectRow(int row) {
 
 bool HistoriquePresenter::seekSelection() {
   if (!rs_.isOpen()) return false;
+  // Read again: the stay may have changed or gone since the list was drawn.
+  rs_.requery();
   for (rs_.moveFirst(); !rs_.isEOF(); rs_.moveNext())
     if (field(rs_, "Nom") == selNom && dayOf(rs_.field(QStringLiteral("Date_Deb"))) == selDate) return true;
   return false;

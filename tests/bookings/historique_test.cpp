@@ -91,6 +91,7 @@ TEST_F(History, TwoStaysOfOneNameOnOneDayShowTwiceAndTheSearchFindsTheFirst) {
   // A row gone since the list was drawn: the zones stay as they were.
   planning.db().execute("DELETE FROM Reservation WHERE Nom = 'Bob Tomorrow'");
   history->selectRow(1);
+  ASSERT_EQ(messages.shown().size(), 1u);
   EXPECT_EQ(messages.last().text, "The booking cannot be found");
   EXPECT_EQ(history->detail->Resource, "101");
 }
