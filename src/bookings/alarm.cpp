@@ -13,11 +13,6 @@
 namespace ksv {
 namespace {
 
-QString field(const Recordset& rs, const char* name) {
-  const QVariant v = rs.field(QString::fromLatin1(name));
-  return v.isNull() ? QString() : v.toString();
-}
-
 bool between(QDate day, QDate first, QDate last) { return day >= first && day <= last; }
 
 }  // namespace
@@ -79,7 +74,7 @@ void AlarmPresenter::refresh() {
 
 bool AlarmPresenter::skipped(const Recordset& rs) const {
   // Group headers stand on no resource: they are no one's arrival.
-  return field(rs, "GroupId") != QLatin1String("C") || field(rs, "Resource").endsWith(QLatin1Char('*'));
+  return textOf(rs, "GroupId") != QLatin1String("C") || textOf(rs, "Resource").endsWith(QLatin1Char('*'));
 }
 
 bool AlarmPresenter::fits(int list, const Recordset& rs) const {
@@ -105,13 +100,13 @@ void AlarmPresenter::fill() {
   for (alarm_.moveFirst(); !alarm_.isEOF(); alarm_.moveNext()) {
     if (skipped(alarm_)) continue;
     for (int list = Leaving; list <= Event2; ++list)
-      if (fits(list, alarm_)) List_Alarm[std::size_t(list)] << field(alarm_, "Resource");
+      if (fits(list, alarm_)) List_Alarm[std::size_t(list)] << textOf(alarm_, "Resource");
   }
   overStay_.close();
   if (overStayShown) {
     overStay_ = queries.command(QStringLiteral("OverStayUnion")).openRecordset();
     for (overStay_.moveFirst(); !overStay_.isEOF(); overStay_.moveNext())
-      if (field(overStay_, "GroupId") == QLatin1String("C")) List_Alarm[OverStay] << field(overStay_, "Resource");
+      if (textOf(overStay_, "GroupId") == QLatin1String("C")) List_Alarm[OverStay] << textOf(overStay_, "Resource");
   }
   exceptions_.clear();
   if (exceptionsOn_) {
@@ -149,7 +144,7 @@ Recordset* AlarmPresenter::seek(int list, int row) {
     if (!overStay_.isOpen()) return nullptr;
     int count = -1;
     for (overStay_.moveFirst(); !overStay_.isEOF(); overStay_.moveNext())
-      if (field(overStay_, "GroupId") == QLatin1String("C") && ++count == row) return &overStay_;
+      if (textOf(overStay_, "GroupId") == QLatin1String("C") && ++count == row) return &overStay_;
     return nullptr;
   }
   if (list < Leaving || list > Event2 || !alarm_.isOpen()) return nullptr;
@@ -242,8 +237,8 @@ std::optional<PrintedList> AlarmPresenter::printedAlarm() {
     p.rows << QStringList{list <= Event2 ? lead[list] + countTexts[std::size_t(list)] : titles[std::size_t(list)]};
   };
   auto fromRow = [&](const Recordset& rs) {
-    stayRow(field(rs, "Resource"), field(rs, "Nom"), dayOf(rs.field(QStringLiteral("Date_Deb"))),
-            dayOf(rs.field(QStringLiteral("Date_Fin"))), field(rs, "Email"), field(rs, "Remarque"));
+    stayRow(textOf(rs, "Resource"), textOf(rs, "Nom"), dayOf(rs.field(QStringLiteral("Date_Deb"))),
+            dayOf(rs.field(QStringLiteral("Date_Fin"))), textOf(rs, "Email"), textOf(rs, "Remarque"));
   };
 
   if (exceptionsShown() && Ck_Alarm[ToLookAt]) {

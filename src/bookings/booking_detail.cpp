@@ -6,21 +6,17 @@
 #include "storage/sqlite_db.h"
 
 namespace ksv {
-namespace {
-
-QString text(const Recordset& rs, const char* name) {
+QString textOf(const Recordset& rs, const char* name) {
   const QVariant v = rs.field(QString::fromLatin1(name));
   return v.isNull() ? QString() : v.toString();
 }
 
-}  // namespace
-
 BookingDetail readBookingDetail(const Recordset& rs, const LoadedOptions& options) {
   BookingDetail d;
-  d.Resource = text(rs, "Resource");
-  d.Nom = text(rs, "Nom");
-  d.Email = text(rs, "Email");
-  d.Remarque = text(rs, "Remarque");
+  d.Resource = textOf(rs, "Resource");
+  d.Nom = textOf(rs, "Nom");
+  d.Email = textOf(rs, "Email");
+  d.Remarque = textOf(rs, "Remarque");
   d.Dt_Deb = dayOf(rs.field(QStringLiteral("Date_Deb")));
   d.Dt_Fin = dayOf(rs.field(QStringLiteral("Date_Fin")));
   d.NB_Jour = int(d.Dt_Deb.daysTo(d.Dt_Fin));
@@ -31,16 +27,16 @@ BookingDetail readBookingDetail(const Recordset& rs, const LoadedOptions& option
     d.back = options.BookingBack[std::size_t(couleur)];
     d.fore = options.BookingFore[std::size_t(couleur)];
   }
-  const QString split = text(rs, "Split");
+  const QString split = textOf(rs, "Split");
   d.Split = split == QLatin1String("1") || split == QLatin1String("2");
   return d;
 }
 
 BookingIdentity identityOf(const Recordset& rs) {
-  return {text(rs, "Resource"),
-          text(rs, "Nom"),
-          text(rs, "GroupId"),
-          text(rs, "Split"),
+  return {textOf(rs, "Resource"),
+          textOf(rs, "Nom"),
+          textOf(rs, "GroupId"),
+          textOf(rs, "Split"),
           dayOf(rs.field(QStringLiteral("Date_Deb"))),
           dayOf(rs.field(QStringLiteral("Date_Fin"))),
           rs.field(QStringLiteral("Couleur")).toInt()};

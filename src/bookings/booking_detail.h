@@ -15,6 +15,9 @@ class Database;
 class Recordset;
 struct LoadedOptions;
 
+// A text field of the current row; Null reads as "".
+QString textOf(const Recordset& rs, const char* name);
+
 struct BookingDetail {
   QString Resource, Nom, Email, Remarque;
   QDate Dt_Deb, Dt_Fin;

@@ -1,5 +1,6 @@
 #include "booking_records.h"
 
+#include "booking_detail.h"
 #include "core/messages.h"
 #include "core/number_text.h"
 #include "core/texts.h"
@@ -10,11 +11,6 @@
 namespace ksv {
 
 namespace {
-
-QString textOrEmpty(const Recordset& r, const char* name) {
-  const QVariant v = r.field(QString::fromLatin1(name));
-  return v.isNull() ? QString() : v.toString();
-}
 
 // The invoice number a text stands for: Null when blank.
 QVariant invoiceNumber(const QString& text) {
@@ -57,16 +53,16 @@ void BookingRecords::readClickedBooking() {
   const Recordset& r = rs();
   DD_L = dayOf(r.field("Date_Deb"));
   DF_L = dayOf(r.field("Date_Fin"));
-  Nom_L = textOrEmpty(r, "Nom");
-  Email_L = textOrEmpty(r, "Email");
-  Rem_L = textOrEmpty(r, "Remarque");
+  Nom_L = textOf(r, "Nom");
+  Email_L = textOf(r, "Email");
+  Rem_L = textOf(r, "Remarque");
   HowMany_L = qint16(r.field("HowMany").toInt());
-  InvNb_L = textOrEmpty(r, "InvNb");
-  Split_L = textOrEmpty(r, "Split");
-  Res_L = textOrEmpty(r, "Resource");
+  InvNb_L = textOf(r, "InvNb");
+  Split_L = textOf(r, "Split");
+  Res_L = textOf(r, "Resource");
   Bloc_L = r.field("Blocage").toBool();
   Color_L = qint16(r.field("Couleur").toInt());
-  GroupId_L = textOrEmpty(r, "GroupId");
+  GroupId_L = textOf(r, "GroupId");
   GroupNb_L = qint16(r.field("GroupNb").toInt());
   Res_S = Res_L;
   DD_S = DD_L;
@@ -115,8 +111,8 @@ void BookingRecords::MAJ_Recherche() {
   // Read again: the row sought may have been written through RS since.
   t.requery();
   for (t.moveFirst(); !t.isEOF(); t.moveNext()) {
-    if (textOrEmpty(t, "Nom") == Nom_L && textOrEmpty(t, "Resource") == Res_S &&
-        textOrEmpty(t, "GroupId") == GroupId_L && dayOf(t.field("Date_Deb")) == DD_S &&
+    if (textOf(t, "Nom") == Nom_L && textOf(t, "Resource") == Res_S &&
+        textOf(t, "GroupId") == GroupId_L && dayOf(t.field("Date_Deb")) == DD_S &&
         dayOf(t.field("Date_Fin")) == DF_S) {
       MAJ_ReservationSplit();
       return;
@@ -161,10 +157,10 @@ void BookingRecords::Found_Other_SplitPart() {
   Recordset& t = rtb();
   t.requery();
   for (t.moveFirst(); !t.isEOF(); t.moveNext()) {
-    if (textOrEmpty(t, "Nom") != Nom_L || t.field("Couleur").toInt() != Color_L ||
-        textOrEmpty(t, "GroupId") != GroupId_L)
+    if (textOf(t, "Nom") != Nom_L || t.field("Couleur").toInt() != Color_L ||
+        textOf(t, "GroupId") != GroupId_L)
       continue;
-    const QString split = textOrEmpty(t, "Split");
+    const QString split = textOf(t, "Split");
     // The parts touch: the second starts on the day the first leaves.
     const bool isSecond = Split_L == QLatin1String("1") && split == QLatin1String("2") &&
                           dayOf(t.field("Date_Deb")) == DF_L;

@@ -14,11 +14,6 @@ const char* const kQueries[8] = {"RQ_Review_N_All",     "RQ_Review_N_Past", "RQ_
                                  "RQ_Review_N_Futur",   "RQ_Review_D_All",  "RQ_Review_D_Past",
                                  "RQ_Review_D_Present", "RQ_Review_D_Futur"};
 
-QString field(const Recordset& rs, const char* name) {
-  const QVariant v = rs.field(QString::fromLatin1(name));
-  return v.isNull() ? QString() : v.toString();
-}
-
 }  // namespace
 
 HistoriquePresenter::HistoriquePresenter(WorklistContext ctx) : ctx_(ctx) {}
@@ -67,9 +62,9 @@ void HistoriquePresenter::Dessin_Historique() {
   rs_ = command().openRecordset();
   const QString term = search_.trimmed();
   for (rs_.moveFirst(); !rs_.isEOF(); rs_.moveNext()) {
-    if (!matchesSearch({field(rs_, "Nom"), field(rs_, "Email"), field(rs_, "Remarque")}, term)) continue;
+    if (!matchesSearch({textOf(rs_, "Nom"), textOf(rs_, "Email"), textOf(rs_, "Remarque")}, term)) continue;
     const QDate deb = dayOf(rs_.field(QStringLiteral("Date_Deb")));
-    lines_ << Line{field(rs_, "Nom"), deb, deb.toString(ctx_.regional.shortDateFormat)};
+    lines_ << Line{textOf(rs_, "Nom"), deb, deb.toString(ctx_.regional.shortDateFormat)};
   }
 }
 
@@ -90,7 +85,7 @@ bool HistoriquePresenter::seekSelection() {
   // Read again: the stay may have changed or gone since the list was drawn.
   rs_.requery();
   for (rs_.moveFirst(); !rs_.isEOF(); rs_.moveNext())
-    if (field(rs_, "Nom") == selNom && dayOf(rs_.field(QStringLiteral("Date_Deb"))) == selDate) return true;
+    if (textOf(rs_, "Nom") == selNom && dayOf(rs_.field(QStringLiteral("Date_Deb"))) == selDate) return true;
   return false;
 }
 
@@ -127,12 +122,12 @@ PrintedList HistoriquePresenter::printedHistorique() {
   if (!rs_.isOpen()) return p;
   const QString term = search_.trimmed();
   for (rs_.moveFirst(); !rs_.isEOF(); rs_.moveNext()) {
-    if (!matchesSearch({field(rs_, "Nom"), field(rs_, "Email"), field(rs_, "Remarque")}, term)) continue;
-    p.rows << QStringList{field(rs_, "Nom"), field(rs_, "Resource"),
+    if (!matchesSearch({textOf(rs_, "Nom"), textOf(rs_, "Email"), textOf(rs_, "Remarque")}, term)) continue;
+    p.rows << QStringList{textOf(rs_, "Nom"), textOf(rs_, "Resource"),
                           dayOf(rs_.field(QStringLiteral("Date_Deb"))).toString(format),
-                          dayOf(rs_.field(QStringLiteral("Date_Fin"))).toString(format), field(rs_, "Email")};
+                          dayOf(rs_.field(QStringLiteral("Date_Fin"))).toString(format), textOf(rs_, "Email")};
     // Historique_Print_Remarque: the remark under its row.
-    const QStringList remark = printedRemark(field(rs_, "Remarque"));
+    const QStringList remark = printedRemark(textOf(rs_, "Remarque"));
     if (!remark.isEmpty()) p.rows << QStringList{QString(), QString(), remark.join(QLatin1Char('\n')), QString(), QString()};
   }
   return p;

@@ -1,5 +1,6 @@
 #include "reservation_split.h"
 
+#include "booking_detail.h"
 #include "check_group_date.h"
 #include "core/messages.h"
 #include "core/texts.h"
@@ -9,12 +10,6 @@
 
 namespace ksv {
 
-namespace {
-QString textOf(const Recordset& r, const char* name) {
-  const QVariant v = r.field(QString::fromLatin1(name));
-  return v.isNull() ? QString() : v.toString();
-}
-}  // namespace
 
 ReservationSplitPresenter::ReservationSplitPresenter(BookingContext& ctx) : BookingEditForm(ctx) {}
 

@@ -4,52 +4,28 @@
 #include <gtest/gtest.h>
 
 #include "bookings/historique.h"
-#include "config/charger_param.h"
-#include "config/ini_defaults.h"
-#include "config/ini_file.h"
-#include "config/loaded_options.h"
-#include "core/regional.h"
-#include "storage/query_command.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/worklist_session.h"
 
 namespace ksv {
 namespace {
 
-using test::ScriptedMessages;
-using test::TestPlanning;
-
-class History : public ::testing::Test {
+class History : public ::testing::Test, protected test::WorklistSession {
  protected:
-  // Today is Monday 10 March 2025.
-  History() : ini(planning.paths().iniFile()) {
-    writeDefaultIni(ini, planning.clock().today());
-    options = Charger_Param(ini, planning.clock());
-    planning.addResource("101", 0, 1);
-    planning.addResource("102", 0, 2);
+  History() {
     planning.addBooking("101", day(-5), day(-1), "Zoé Past");      // left yesterday
     planning.addBooking("102", day(-3), day(0), "Ann Ends today");  // still in use today
     planning.addBooking("101", day(0), day(2), "Hélène Today");     // in use from today
     planning.addBooking("102", day(1), day(4), "Bob Tomorrow");
-    blackList = QueryCatalogue(planning.db(), planning.clock()).command("BlackList").openRecordset();
-    history.emplace(WorklistContext{planning.db(), blackList, planning.clock(), messages, texts, options, ini, regional});
+    history.emplace(context());
     history->M_BookingHistory_Click();
   }
 
-  QDate day(int offset) const { return planning.clock().today().addDays(offset); }
   QStringList names() const {
     QStringList out;
     for (const auto& line : history->lines()) out << line.Nom;
     return out;
   }
 
-  TestPlanning planning;
-  IniFile ini;
-  Recordset blackList;
-  ScriptedMessages messages;
-  Texts texts;
-  Regional regional = Regional::french();
-  LoadedOptions options;
   std::optional<HistoriquePresenter> history;
 };
 

@@ -4,45 +4,23 @@
 
 #include <gtest/gtest.h>
 
-#include "bookings/alarm.h"
-#include "config/charger_param.h"
-#include "config/ini_defaults.h"
-#include "config/ini_file.h"
-#include "config/loaded_options.h"
-#include "core/regional.h"
-#include "storage/query_command.h"
-#include "storage/schema.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/worklist_session.h"
 
 namespace ksv {
 namespace {
 
-using test::ScriptedMessages;
-using test::TestPlanning;
-
-class Worklist : public ::testing::Test {
+class Worklist : public ::testing::Test, protected test::WorklistSession {
  protected:
-  // Today is Monday 10 March 2025.
-  Worklist() : ini(planning.paths().iniFile()) {
-    writeDefaultIni(ini, planning.clock().today());
-    planning.addResource("101", 0, 1);
-    planning.addResource("102", 0, 2);
-    planning.addResource("Bed*", 0, 3);
-    blackList = QueryCatalogue(planning.db(), planning.clock()).command("BlackList").openRecordset();
-  }
-
-  QDate day(int offset) const { return planning.clock().today().addDays(offset); }
+  Worklist() { planning.addResource("Bed*", 0, 3); }
 
   // The window as it opens with these counts and the two switches.
   AlarmPresenter& open(const QString& counts, bool extension = false, bool exceptions = false) {
     ini.SetValue("Alarm", "NbDays", counts);
     ini.SetValue("Alarm", "Extension", extension ? "O" : "N");
     ini.SetValue("Alarm", "Exceptions", exceptions ? "O" : "N");
-    options = Charger_Param(ini, planning.clock());
+    reload();
     alarm.reset();
-    blackList.requery();
-    alarm.emplace(WorklistContext{planning.db(), blackList, planning.clock(), messages, texts, options, ini, regional});
+    alarm.emplace(context());
     alarm->M_Alarm_Click();
     return *alarm;
   }
@@ -53,17 +31,7 @@ class Worklist : public ::testing::Test {
   qint64 rowIdOf(const QString& nom) {
     return planning.db().scalar("SELECT rowid FROM Reservation WHERE Nom = ?", {nom}).toLongLong();
   }
-  void addHead(qint32 invoiceNb, const QVariant& from) {
-    insertRow(planning.db(), "Invoice", {{"InvoiceNb", invoiceNb}, {"Typ", "0"}, {"Lib", "x"}, {"From", from}});
-  }
 
-  TestPlanning planning;
-  IniFile ini;
-  Recordset blackList;
-  ScriptedMessages messages;
-  Texts texts;
-  Regional regional = Regional::french();
-  LoadedOptions options;
   std::optional<AlarmPresenter> alarm;
 };
 
@@ -134,9 +102,9 @@ TEST_F(Worklist, TheOverstayListNeedsExtensionAndLeavesStarredNamesOffPaper) {
   planning.addBooking("101", day(-5), day(-2), "Not invoiced");
   planning.addBooking("Bed*", day(-5), day(-2), "Extra bed");
   planning.addBooking("102", day(-6), day(-3), "Waiting invoice", 0, "0", 0, -4);
-  addHead(-4, QVariant());
+  addInvoiceHead(-4, QVariant());
   planning.addBooking("102", day(-9), day(-7), "Posted invoice", 0, "0", 0, 12);
-  addHead(12, day(-7));
+  addInvoiceHead(12, day(-7));
 
   AlarmPresenter& off = open("0\\0\\0\\0\\", false);
   EXPECT_FALSE(off.overStayShown);
@@ -201,9 +169,9 @@ TEST_F(Worklist, PrintingTellsWhenThereIsNothingElsePrintsTheTickedListsWithThei
 TEST_F(Worklist, StaysToLookAtSayWhyAndOpenFromTheList) {
   planning.addBooking("101", day(-6), day(-3), "Never invoiced");
   planning.addBooking("102", day(-5), day(-2), "Pending", 0, "0", 0, -3);
-  addHead(-3, QVariant());
+  addInvoiceHead(-3, QVariant());
   planning.addBooking("102", day(-9), day(-6), "Posted", 0, "0", 0, 7);
-  addHead(7, day(-6));
+  addInvoiceHead(7, day(-6));
   planning.addBooking("101", day(-2), day(0), "Leaves today");
   planning.addBooking("101", day(-4), day(-1), "Moved", 0, "1");  // its stay goes on in part 2
   planning.addBooking("102", day(-1), day(3), "Moved", 0, "2");

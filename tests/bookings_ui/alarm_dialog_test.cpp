@@ -13,47 +13,21 @@
 #include <QStandardPaths>
 
 #include "bookings/ui/alarm_dialog.h"
-#include "config/charger_param.h"
-#include "config/ini_defaults.h"
-#include "config/ini_file.h"
-#include "core/regional.h"
 #include "customers/ui/list_printer.h"
-#include "storage/query_command.h"
-#include "storage/schema.h"
-#include "support/scripted_messages.h"
-#include "support/test_planning.h"
+#include "support/worklist_session.h"
 
 namespace ksv {
 namespace {
 
-class AlarmWindow : public ::testing::Test {
+class AlarmWindow : public ::testing::Test, protected test::WorklistSession {
  protected:
-  AlarmWindow() : ini(planning.paths().iniFile()) {
-    writeDefaultIni(ini, planning.clock().today());
-    ini.SetValue("Alarm", "Exceptions", "O");
-    options = Charger_Param(ini, planning.clock());
-    planning.addResource("101", 0, 1);
-    planning.addResource("102", 0, 2);
-    blackList = QueryCatalogue(planning.db(), planning.clock()).command("BlackList").openRecordset();
-  }
-  QDate day(int offset) const { return planning.clock().today().addDays(offset); }
-  WorklistContext context() {
-    return {planning.db(), blackList, planning.clock(), messages, texts, options, ini, regional};
-  }
-
-  test::TestPlanning planning;
-  IniFile ini;
-  Recordset blackList;
-  test::ScriptedMessages messages;
-  Texts texts;
-  Regional regional = Regional::french();
-  LoadedOptions options;
+  AlarmWindow() { ini.SetValue("Alarm", "Exceptions", "O"); }
 };
 
 TEST_F(AlarmWindow, HidesTheListsItHasNoCallForAndWritesTheRemarkWhenItsZoneIsLeft) {
   planning.addBooking("101", day(0), day(3), "Arriving");
-  planning.addBooking("102", day(-2), day(0), "Leaving", 0, "0", 0, 5);  // invoiced and posted
-  insertRow(planning.db(), "Invoice", {{"InvoiceNb", 5}, {"Typ", "0"}, {"Lib", "x"}, {"From", day(0)}});
+  planning.addBooking("102", day(-2), day(0), "Leaving", 0, "0", 0, 5);
+  addInvoiceHead(5, day(0));  // invoiced and posted: nothing to look at
   AlarmPresenter p(context());
   p.M_Alarm_Click();
   AlarmDialog dialog(p, texts, regional.shortDateFormat);
