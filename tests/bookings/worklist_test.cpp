@@ -87,9 +87,10 @@ TEST_F(Worklist, TwoRowsOfOneResourceAreToldApartByTheirPositionAndTheRemarkGoes
 }
 
 TEST_F(Worklist, TheRemarkOfASplitPartReachesItsOtherPartOnly) {
-  planning.addBooking("101", day(0), day(2), "Split guest", 1, "1");
-  planning.addBooking("102", day(2), day(4), "Split guest", 1, "2");
-  planning.addBooking("102", day(4), day(6), "Split guest", 2, "2");  // another state: not the other part
+  planning.addBooking("101", day(0), day(2), "Split guest", {{"Couleur", 1}, {"Split", "1"}});
+  planning.addBooking("102", day(2), day(4), "Split guest", {{"Couleur", 1}, {"Split", "2"}});
+  // Another state: not the other part.
+  planning.addBooking("102", day(4), day(6), "Split guest", {{"Couleur", 2}, {"Split", "2"}});
   AlarmPresenter& a = open("0\\0\\0\\0\\");
   ASSERT_EQ(a.List_Alarm[AlarmPresenter::Arrival], (QStringList{"101"}));
   EXPECT_TRUE(a.detail->Split);
@@ -101,9 +102,9 @@ TEST_F(Worklist, TheRemarkOfASplitPartReachesItsOtherPartOnly) {
 TEST_F(Worklist, TheOverstayListNeedsExtensionAndLeavesStarredNamesOffPaper) {
   planning.addBooking("101", day(-5), day(-2), "Not invoiced");
   planning.addBooking("Bed*", day(-5), day(-2), "Extra bed");
-  planning.addBooking("102", day(-6), day(-3), "Waiting invoice", 0, "0", 0, -4);
+  planning.addBooking("102", day(-6), day(-3), "Waiting invoice", {{"InvNb", -4}});
   addInvoiceHead(-4, QVariant());
-  planning.addBooking("102", day(-9), day(-7), "Posted invoice", 0, "0", 0, 12);
+  planning.addBooking("102", day(-9), day(-7), "Posted invoice", {{"InvNb", 12}});
   addInvoiceHead(12, day(-7));
 
   AlarmPresenter& off = open("0\\0\\0\\0\\", false);
@@ -123,6 +124,13 @@ TEST_F(Worklist, TheOverstayListNeedsExtensionAndLeavesStarredNamesOffPaper) {
   for (const QStringList& row : paper->rows) names << row.value(1);
   EXPECT_TRUE(names.contains("Not invoiced"));
   EXPECT_FALSE(names.contains("Extra bed"));
+}
+
+TEST_F(Worklist, ToLookAtIsOnForANewInstallationAndOffWhereTheKeyIsMissing) {
+  EXPECT_TRUE(AlarmOptions::read(ini).Exceptions);
+  ini.DeleteKey("Alarm", "Exceptions");
+  EXPECT_FALSE(AlarmOptions::read(ini).Exceptions);
+  EXPECT_EQ(ini.GetValue("Alarm", "Exceptions"), "N");
 }
 
 TEST_F(Worklist, ThePrintBoxesComeFromPrintingAndOkWritesThemBack) {
@@ -168,16 +176,16 @@ TEST_F(Worklist, PrintingTellsWhenThereIsNothingElsePrintsTheTickedListsWithThei
 
 TEST_F(Worklist, StaysToLookAtSayWhyAndOpenFromTheList) {
   planning.addBooking("101", day(-6), day(-3), "Never invoiced");
-  planning.addBooking("102", day(-5), day(-2), "Pending", 0, "0", 0, -3);
+  planning.addBooking("102", day(-5), day(-2), "Pending", {{"InvNb", -3}});
   addInvoiceHead(-3, QVariant());
-  planning.addBooking("102", day(-9), day(-6), "Posted", 0, "0", 0, 7);
+  planning.addBooking("102", day(-9), day(-6), "Posted", {{"InvNb", 7}});
   addInvoiceHead(7, day(-6));
   planning.addBooking("101", day(-2), day(0), "Leaves today");
-  planning.addBooking("101", day(-4), day(-1), "Moved", 0, "1");  // its stay goes on in part 2
-  planning.addBooking("102", day(-1), day(3), "Moved", 0, "2");
+  planning.addBooking("101", day(-4), day(-1), "Moved", {{"Split", "1"}});  // its stay goes on in part 2
+  planning.addBooking("102", day(-1), day(3), "Moved", {{"Split", "2"}});
   planning.addBooking("Bed*", day(-4), day(-1), "Extra bed");
   planning.addBooking("Gone", day(5), day(7), "Lost room");
-  insertRow(planning.db(), "T_BlackList", {{"Nom", "Mr Bad"}, {"Remark", "Left without paying"}});
+  planning.addBlackList("Mr Bad", "Left without paying");
   planning.addBooking("101", day(1), day(2), "MR BAD");  // within the arrival window of 1 day
   planning.addBooking("102", day(4), day(6), "Mr Bad");  // beyond it
 

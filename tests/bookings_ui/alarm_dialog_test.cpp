@@ -26,7 +26,7 @@ class AlarmWindow : public ::testing::Test, protected test::WorklistSession {
 
 TEST_F(AlarmWindow, HidesTheListsItHasNoCallForAndWritesTheRemarkWhenItsZoneIsLeft) {
   planning.addBooking("101", day(0), day(3), "Arriving");
-  planning.addBooking("102", day(-2), day(0), "Leaving", 0, "0", 0, 5);
+  planning.addBooking("102", day(-2), day(0), "Leaving", {{"InvNb", 5}});
   addInvoiceHead(5, day(0));  // invoiced and posted: nothing to look at
   AlarmPresenter p(context());
   p.M_Alarm_Click();

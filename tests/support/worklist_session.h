@@ -13,7 +13,6 @@
 #include "core/regional.h"
 #include "core/texts.h"
 #include "storage/query_command.h"
-#include "storage/schema.h"
 #include "support/scripted_messages.h"
 #include "support/test_planning.h"
 
@@ -26,7 +25,7 @@ class WorklistSession {
     options = Charger_Param(ini, planning.clock());
     planning.addResource("101", 0, 1);
     planning.addResource("102", 0, 2);
-    blackList = QueryCatalogue(planning.db(), planning.clock()).command("BlackList").openRecordset();
+    blackList = planning.catalogue().command("BlackList").openRecordset();
   }
 
   QDate day(int offset) const { return planning.clock().today().addDays(offset); }
@@ -38,7 +37,7 @@ class WorklistSession {
   WorklistContext context() { return {planning.db(), blackList, planning.clock(), messages, texts, options, ini, regional}; }
   // The head row of an invoice; a Null `from` leaves it unposted.
   void addInvoiceHead(qint32 invoiceNb, const QVariant& from) {
-    insertRow(planning.db(), "Invoice", {{"InvoiceNb", invoiceNb}, {"Typ", "0"}, {"Lib", "x"}, {"From", from}});
+    planning.addRow("Invoice", {{"InvoiceNb", invoiceNb}, {"Typ", "0"}, {"Lib", "x"}, {"From", from}});
   }
 
   TestPlanning planning;
