@@ -20,10 +20,10 @@ namespace {
 int commandLine(int argc, char* argv[]) {
   QCoreApplication app(argc, argv);
   QTextStream out(stdout), err(stderr);
-  const ksv::Texts texts(qEnvironmentVariable("LANG").startsWith(QLatin1String("fr")) ? ksv::kFrenchOffset : 0);
-  ksv::PrintingMessages messages(err, texts);
   const ksv::Paths paths(ksv::Paths::programDirFor(QCoreApplication::applicationDirPath()),
                          ksv::Paths::systemDocumentsDir());
+  const ksv::Texts texts(ksv::commandLineTextOffset(paths));
+  ksv::PrintingMessages messages(err, texts);
   const ksv::SystemClock clock;
   return ksv::runCommandLine(app.arguments().mid(1), out, err, messages, texts, paths, clock);
 }
@@ -31,6 +31,7 @@ int commandLine(int argc, char* argv[]) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  // Decided before any window system is touched: a cron job has no display.
   if (argc > 1 && ksv::isCommand(QString::fromLocal8Bit(argv[1]))) return commandLine(argc, argv);
   bool example = false;
   for (int i = 1; i < argc; ++i) {

@@ -95,7 +95,7 @@ LoadedOptions Charger_Param(IniFile& ini, const Clock& clock) {
   o.LockDelete = isYes(readOption(ini, "Security", "LockDelete", QStringLiteral("O")));
 
   o.WithFrame = isYes(readOption(ini, "Reservation", "WithFrame", QStringLiteral("N")));
-  o.YearKeep = int(val(readOption(ini, "Reservation", "YearKeep", QStringLiteral("3"))));
+  o.YearKeep = yearKeepYears(readOption(ini, "Reservation", "YearKeep", QStringLiteral("3")));
   o.Libelle = splitList(readOption(ini, "Reservation", "Libelle", latin(missing::kLibelle)), 6);
   o.BookingBack = colourList<6>(readOption(ini, "Reservation", "BackColor", latin(kBookingBackColor)));
   o.BookingFore = textColours<6>(readOption(ini, "Reservation", "ForeColor", latin(kBookingForeColor)));

@@ -4,6 +4,7 @@
 // program knows them by (ini keys, or the drawing tables they feed).
 
 #include <array>
+#include <optional>
 
 #include <QDate>
 #include <QString>
@@ -52,7 +53,7 @@ struct LoadedOptions {
 
   // Section Reservation.
   bool WithFrame = false;
-  int YearKeep = 3;
+  std::optional<int> YearKeep = 3;  // empty: the value in the file is refused
   QStringList Libelle;  // 6 booking state names, by `Couleur`
   std::array<Colour, 6> BookingBack{};
   std::array<Colour, 6> BookingFore{};

@@ -28,4 +28,12 @@ QString readAlarmPrinting(IniFile& ini) {
   return readOption(ini, "Alarm", "Printing", QString::fromLatin1(missing::kAlarmPrinting));
 }
 
+std::optional<int> yearKeepYears(const QString& text) {
+  bool ok = false;
+  const int years = text.trimmed().toInt(&ok);
+  // Beyond a few centuries the limit leaves the calendar.
+  if (!ok || years < 0 || years > 200) return std::nullopt;
+  return years;
+}
+
 }  // namespace ksv

@@ -4,6 +4,7 @@
 // run the file holds every key that run looked at.
 
 #include <array>
+#include <optional>
 
 #include <QAnyStringView>
 #include <QString>
@@ -14,6 +15,11 @@ namespace ksv {
 class IniFile;
 
 QString readOption(IniFile& ini, QAnyStringView section, QAnyStringView key, const QString& defaultValue);
+
+// YearKeep, the years of bookings a purge keeps: a whole number, 0 or more.
+// Anything else (a negative number, a text, a fraction) is refused: a typing
+// error must never decide which bookings are deleted.
+std::optional<int> yearKeepYears(const QString& text);
 
 // "O" is yes; every other value is no.
 inline bool isYes(const QString& value) { return value == QLatin1String("O"); }

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "config/ini_file.h"
+#include "config/option_reader.h"
 #include "connecting.h"
 #include "core/clock.h"
 #include "core/messages.h"
@@ -12,6 +13,7 @@
 #include "creation.h"
 #include "file_operations.h"
 #include "lock_file.h"
+#include "planning_file.h"
 #include "planning_name.h"
 #include "roster.h"
 #include "schema.h"
@@ -49,17 +51,14 @@ class CommandRun {
   void say(int entry, const QString& name) { out_ << texts_.withName(entry, name) << Qt::endl; }
   void say(int entry) { out_ << texts_.get(entry) << Qt::endl; }
 
-  // The checks of Demander_NomFichier: a planning ends in ksv and exists.
-  bool existingPlanning(const QString& file) {
-    if (!hasPlanningExtension(file)) {
-      messages_.critical(texts_.withName(txt::NotAPlanning, file));
-      return false;
-    }
-    if (!QFileInfo(file).isFile()) {
-      messages_.critical(texts_.withName(txt::PlanningMissing, file));
-      return false;
-    }
-    return true;
+  // The checks of the one open routine, in order; a journal left by a crash
+  // is rolled back on the way. `damagedToo` lets a damaged planning through,
+  // for the repair.
+  bool checkedPlanning(const QString& file, bool damagedToo = false) {
+    const OpenedPlanning opened = openPlanning(file, Database::OpenMode::ReadOnly);
+    if (opened || (damagedToo && opened.check == PlanningCheck::Damaged)) return true;
+    reportPlanningCheck(opened, file, messages_, texts_);
+    return false;
   }
 
   // A copy's name: not the planning itself, and an existing file is replaced
@@ -83,32 +82,20 @@ class CommandRun {
     return true;
   }
 
-  // A planning of another version is converted by the program first; the
-  // command line works on current files only.
-  bool currentVersion(const QString& file) {
-    QString version;
-    try {
-      Database db(file, Database::OpenMode::ReadOnly);
-      if (!hasPlanningTables(db)) {
-        messages_.critical(texts_.withName(txt::NotAPlanning, file));
-        return false;
-      }
-      version = db.scalar(QStringLiteral("SELECT Version FROM DataBaseInfo")).toString();
-    } catch (const StorageError&) {
-      messages_.critical(texts_.get(txt::ConnectError));
-      return false;
-    }
-    if (version == QLatin1String(kSchemaVersion)) return true;
-    messages_.critical(texts_.withName(txt::CliNeedsConversion, version));
-    return false;
-  }
-
   // Who holds the planning, as the users list would show them.
   int refuseInUse(const QString& file, int entry) {
     messages_.critical(texts_.get(entry));
     for (const RosterMember& m : liveConnections(file))
       messages_.information(texts_.withName(txt::CliConnected, m.computer + QLatin1String(" / ") + m.login));
     return kExitInUse;
+  }
+
+  // A lock the command cannot have: in use (exit 3), or a lock file that
+  // cannot be written, which no waiting will change (exit 1).
+  int refuseLock(LockAnswer answer, const QString& file, int inUseEntry) {
+    if (answer == LockAnswer::InUse) return refuseInUse(file, inUseEntry);
+    messages_.critical(texts_.withName(txt::LockUnwritable, lockPathOf(file)));
+    return kExitFailed;
   }
 
   int newPlanning(const QString& file) {
@@ -129,9 +116,9 @@ class CommandRun {
   }
 
   int compact(const QString& file) {
-    if (!existingPlanning(file)) return kExitFailed;
-    deleteStaleLock(file);  // a workstation that crashed holds nothing
-    if (!RequestConnectMode(file, 'E')) return refuseInUse(file, txt::RosterCompact);
+    if (!checkedPlanning(file, true)) return kExitFailed;
+    const LockAnswer lock = requestLock(file, 'E');
+    if (lock != LockAnswer::Granted) return refuseLock(lock, file, txt::RosterCompact);
     const bool ok = Compact_Planning(file, true, messages_, texts_);
     ReleaseConnectMode(file, 'E');
     if (!ok) return kExitFailed;
@@ -142,7 +129,7 @@ class CommandRun {
 
   // The copy goes through a consistent SQLite copy, so others may go on working.
   int backup(const QString& file, const QString& target) {
-    if (!existingPlanning(file) || !copyTarget(file, target, txt::SaveOnItself, txt::ReplacePlanning))
+    if (!checkedPlanning(file) || !copyTarget(file, target, txt::SaveOnItself, txt::ReplacePlanning))
       return kExitFailed;
     if (!Copy_Planning(file, target, true, paths_, messages_, texts_)) return kExitFailed;
     say(txt::CliCopy, target);
@@ -151,8 +138,7 @@ class CommandRun {
   }
 
   int extract(const QString& file, const QString& target) {
-    if (!existingPlanning(file) || !currentVersion(file) ||
-        !copyTarget(file, target, txt::ExtractOnItself, txt::ReplaceFile))
+    if (!checkedPlanning(file) || !copyTarget(file, target, txt::ExtractOnItself, txt::ReplaceFile))
       return kExitFailed;
     if (!Copy_Planning(file, target, true, paths_, messages_, texts_) ||
         !extractCurrent(target, clock_.today(), messages_, texts_)) {
@@ -167,13 +153,18 @@ class CommandRun {
   // As M_Purge from a session in normal mode, without its question: the lock U
   // is what a session would hold.
   int purge(const QString& file) {
-    if (!existingPlanning(file) || !currentVersion(file)) return kExitFailed;
-    deleteStaleLock(file);
-    // A compaction under way replaces the file: nothing may write meanwhile.
-    const std::optional<LockRecord> lock = readLockFile(lockPathOf(file));
-    if (lock && lock->exclusive != 0) return refuseInUse(file, txt::RosterNormalMode);
-    if (!RequestConnectMode(file, 'U')) return refuseInUse(file, txt::RosterNormalMode);
-    const int years = yearKeepOption(paths_);
+    if (!checkedPlanning(file)) return kExitFailed;
+    const QString yearKeep = yearKeepText(paths_);
+    const std::optional<int> kept = yearKeepYears(yearKeep);
+    if (!kept) {
+      messages_.critical(texts_.withName(txt::YearKeepRefused, yearKeep));
+      return kExitFailed;
+    }
+    const int years = *kept;
+    // A compaction under way is waited for by the connection, which then
+    // opens the compacted file.
+    const LockAnswer lock = requestLock(file, 'U');
+    if (lock != LockAnswer::Granted) return refuseLock(lock, file, txt::RosterNormalMode);
     const QDate limit = purgeLimit(clock_.today(), years);
     int deleted = -1;
     {
@@ -197,39 +188,39 @@ class CommandRun {
   }
 
   // Looks without touching: no lock is taken and this process does not join
-  // the roster, so the list of connected users is the others'.
+  // the roster, so the list of connected users is the others'. The planning
+  // is read exactly as a repair would read it, into memory, so what it calls
+  // repairable is what a compaction repairs.
   int check(const QString& file) {
-    if (!existingPlanning(file)) return kExitFailed;
-    QString version, integrity;
+    OpenedPlanning opened = openPlanning(file, Database::OpenMode::ReadOnly);
+    if (!opened && opened.check != PlanningCheck::Damaged) {
+      reportPlanningCheck(opened, file, messages_, texts_);
+      return kExitFailed;
+    }
+    PlanningReading reading;
     qint64 bookings = 0;
     try {
-      Database db(file, Database::OpenMode::ReadOnly);
-      if (!hasPlanningTables(db)) {
-        messages_.critical(texts_.withName(txt::NotAPlanning, file));
-        return kExitFailed;
-      }
-      version = db.scalar(QStringLiteral("SELECT Version FROM DataBaseInfo")).toString();
-      integrity = db.scalar(QStringLiteral("PRAGMA integrity_check")).toString();
-      bookings = db.scalar(QStringLiteral("SELECT count(*) FROM Reservation WHERE GroupId = 'C'")).toLongLong();
+      Database scratch(QStringLiteral(":memory:"), Database::OpenMode::Create);
+      reading = readWholePlanning(opened.db, scratch);
+      bookings = scratch.scalar(QStringLiteral("SELECT count(*) FROM Reservation WHERE GroupId = 'C'")).toLongLong();
     } catch (const StorageError& e) {
-      // A file SQLite cannot read at all is no planning; one it reads in part
-      // is a damaged planning.
-      constexpr int kSqliteCorrupt = 11;
-      if (version.isEmpty() && e.primaryCode() != kSqliteCorrupt) {
-        messages_.critical(texts_.withName(txt::NotAPlanning, file));
-        return kExitFailed;
-      }
-      integrity = e.message();
+      reading.readable = false;
+      reading.integrity = e.message();
     }
-    integrity = integrity.section(QLatin1Char('\n'), 0, 0);  // the first fault says enough
     say(txt::CliPlanning, file);
-    say(txt::CliVersion, version);
-    const bool sound = integrity == QLatin1String("ok");
+    say(txt::CliVersion, opened.version);
+    const QString firstFault = reading.integrity.section(QLatin1Char('\n'), 0, 0);
+    const bool sound = reading.sound();
     if (sound) {
       say(txt::CliIntegrityOk);
       say(txt::CliBookings, QString::number(bookings));
+    } else if (!reading.readable) {
+      say(txt::CliNotRepairable, firstFault);
     } else {
-      say(txt::CliIntegrityBad, integrity);
+      say(txt::CliIntegrityBad, firstFault);
+      const QStringList report = readingReport(reading, texts_);
+      if (!report.isEmpty()) say(txt::CliRepairWouldKeep);
+      for (const QString& line : report) out_ << line << Qt::endl;
     }
     const std::optional<LockRecord> lock = readLockFile(lockPathOf(file));
     if (lock) {
@@ -263,7 +254,19 @@ void printHelp(QTextStream& out, const Texts& texts) {
 
 }  // namespace
 
-bool isCommand(const QString& firstArgument) { return isHelp(firstArgument) || kCommands.contains(firstArgument); }
+bool isCommand(const QString& firstArgument) {
+  // The window takes options and a planning to open; any other word is meant
+  // as a command, and a mistyped one is answered here rather than by opening
+  // a window.
+  if (isHelp(firstArgument) || kCommands.contains(firstArgument)) return true;
+  return !firstArgument.isEmpty() && !firstArgument.startsWith(QLatin1Char('-')) &&
+         !hasPlanningExtension(firstArgument);
+}
+
+int commandLineTextOffset(const Paths& paths) {
+  const QString language = IniFile(paths.iniFile()).GetValue("Remember", "Language").trimmed();
+  return language.compare(QLatin1String("Fr"), Qt::CaseInsensitive) == 0 ? kFrenchOffset : 0;
+}
 
 int runCommandLine(const QStringList& args, QTextStream& out, QTextStream& err, Messages& messages,
                    const Texts& texts, const Paths& paths, const Clock& clock) {
@@ -284,11 +287,10 @@ int runCommandLine(const QStringList& args, QTextStream& out, QTextStream& err, 
   return CommandRun(out, messages, texts, paths, clock).run(command, names);
 }
 
-int yearKeepOption(const Paths& paths) {
+QString yearKeepText(const Paths& paths) {
   // Read only: a script never rewrites the workstation's options.
-  bool ok = false;
-  const int years = IniFile(paths.iniFile()).GetValue("Reservation", "YearKeep").trimmed().toInt(&ok);
-  return ok ? years : 3;
+  const QString text = IniFile(paths.iniFile()).GetValue("Reservation", "YearKeep");
+  return text.trimmed().isEmpty() ? QStringLiteral("3") : text;
 }
 
 }  // namespace ksv

@@ -29,18 +29,24 @@ enum CommandExit : int {
   kExitInUse = 3,      // another workstation holds the lock the command needs
 };
 
-// True when `firstArgument` names one of the commands (or --help): the
-// program then runs runCommandLine instead of opening its window.
+// True when `firstArgument` is meant for the command line: --help, a
+// command, or any word that is neither an option of the window nor a planning
+// (a name ending in .ksv) for it to open. The program then runs
+// runCommandLine, which answers a mistyped command, and opens no window.
 bool isCommand(const QString& firstArgument);
+
+// The language of the command line's texts: Language of section Remember in
+// the program's ini file, as the window speaks.
+int commandLineTextOffset(const Paths& paths);
 
 // Runs one command; `args` are the arguments after the program's name.
 // Returns the exit status.
 int runCommandLine(const QStringList& args, QTextStream& out, QTextStream& err, Messages& messages,
                    const Texts& texts, const Paths& paths, const Clock& clock);
 
-// Years of bookings the purge keeps: YearKeep of section Reservation in the
-// ini file of the program's folder; 3 when the file, the key or a number is
-// missing. Read only: the command line never writes the workstation's options.
-int yearKeepOption(const Paths& paths);
+// YearKeep of section Reservation in the ini file of the program's folder as
+// it stands, "3" when the file or the key is missing; read by yearKeepYears.
+// Read only: the command line never writes the workstation's options.
+QString yearKeepText(const Paths& paths);
 
 }  // namespace ksv

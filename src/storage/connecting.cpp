@@ -4,28 +4,17 @@
 
 #include "core/messages.h"
 #include "core/texts.h"
+#include "lock_file.h"
+#include "planning_file.h"
 #include "roster.h"
 
 namespace ksv {
 
 namespace {
 
-constexpr int kNotADatabase = 26;        // SQLITE_NOTADB
-constexpr int kReadOnlyRollback = 776;  // SQLITE_READONLY_ROLLBACK
-
-// A workstation that died in the middle of a write leaves a journal that the
-// next connection rolls back. A read-only connection can't, so the rollback
-// is done by a short read-write connection and consultation opens after it.
-Database openForMode(const QString& path, char mode) {
-  if (mode != 'C') return Database(path, Database::OpenMode::ReadWrite);
-  try {
-    return Database(path, Database::OpenMode::ReadOnly);
-  } catch (const StorageError& e) {
-    if (e.code() != kReadOnlyRollback) throw;
-  }
-  Database(path, Database::OpenMode::ReadWrite).close();
-  return Database(path, Database::OpenMode::ReadOnly);
-}
+// How long an opening waits for a compaction under way to put the new file in
+// place; a compaction of a hotel's planning takes seconds.
+constexpr int kExclusiveWaitMs = 60000;
 
 }  // namespace
 
@@ -59,19 +48,28 @@ ConnectResult Connecting(const QString& path, char mode) {
     result.failure = ConnectFailure::NotAPlanning;
     return result;
   }
+  // A compaction replaces the file: the new one is what must be opened.
+  if (!waitForExclusiveEnd(path, kExclusiveWaitMs)) {
+    result.failure = ConnectFailure::ConnectError;
+    result.detail = QStringLiteral("held exclusively by another workstation");
+    return result;
+  }
+  // List ourselves first so that nobody sees the file unlisted while we hold it.
+  auto roster = RosterEntry::join(path);
+  OpenedPlanning opened = openPlanning(path, mode == 'C' ? Database::OpenMode::ReadOnly : Database::OpenMode::ReadWrite);
+  result.detail = opened.detail;
+  switch (opened.check) {
+    case PlanningCheck::Ok: break;
+    case PlanningCheck::NotAPlanning: result.failure = ConnectFailure::NotAPlanning; return result;
+    case PlanningCheck::Older:
+    case PlanningCheck::Newer: result.failure = ConnectFailure::Version; return result;
+    default: result.failure = ConnectFailure::ConnectError; return result;
+  }
   try {
-    // SQLite opens the file lazily; list ourselves first so that nobody sees
-    // the file unlisted while we hold it.
-    auto roster = RosterEntry::join(path);
-    Database db = openForMode(path, mode);
-    if (!hasPlanningTables(db)) {
-      result.failure = ConnectFailure::NotAPlanning;
-      return result;
-    }
-    if (mode != 'C') db.exec(QStringLiteral("PRAGMA synchronous = FULL"));
-    result.connection = std::make_unique<PlanningConnection>(std::move(db), mode, std::move(roster));
+    if (mode != 'C') opened.db.exec(QStringLiteral("PRAGMA synchronous = FULL"));
+    result.connection = std::make_unique<PlanningConnection>(std::move(opened.db), mode, std::move(roster));
   } catch (const StorageError& e) {
-    result.failure = e.primaryCode() == kNotADatabase ? ConnectFailure::NotAPlanning : ConnectFailure::ConnectError;
+    result.failure = ConnectFailure::ConnectError;
     result.detail = e.message();
   }
   return result;
@@ -82,6 +80,7 @@ void reportConnectFailure(const ConnectResult& result, const QString& path, Mess
     case ConnectFailure::None: break;
     case ConnectFailure::NotAPlanning: messages.critical(texts.withName(txt::NotAPlanning, path)); break;
     case ConnectFailure::ConnectError: messages.critical(texts.get(txt::ConnectError)); break;
+    case ConnectFailure::Version: messages.critical(texts.get(txt::ConnectError)); break;
   }
 }
 

@@ -40,7 +40,7 @@ class PlanningConnection {
   std::unique_ptr<RosterEntry> roster_;  // released after the database is closed
 };
 
-enum class ConnectFailure { None, NotAPlanning, ConnectError };
+enum class ConnectFailure { None, NotAPlanning, ConnectError, Version };
 
 struct ConnectResult {
   std::unique_ptr<PlanningConnection> connection;
@@ -54,9 +54,11 @@ struct ConnectResult {
 bool hasPlanningExtension(const QString& path);
 bool hasPlanningTables(Database& db);
 
-// Opens `path` in `mode`. Shows nothing: callers decide (the session asks to
-// repair, others show reportConnectFailure). A file that is not a planning
-// fails with NotAPlanning; anything else that goes wrong with ConnectError.
+// Opens `path` in `mode` through openPlanning, after any compaction under way
+// has put its file in place. Shows nothing: callers decide (the session asks
+// to repair, others show reportConnectFailure). A file that is not a planning
+// fails with NotAPlanning, one of another version with Version; anything else
+// that goes wrong with ConnectError.
 ConnectResult Connecting(const QString& path, char mode);
 // The same, showing "The file - | - is not a Planning" or "Error while
 // connecting to the data base." on failure.

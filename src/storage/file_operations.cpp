@@ -1,5 +1,9 @@
 #include "file_operations.h"
 
+#include <unistd.h>
+
+#include <optional>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +13,10 @@
 #include "core/number_text.h"
 #include "core/paths.h"
 #include "core/texts.h"
+#include "fault_point.h"
+#include "file_gate.h"
 #include "lock_file.h"
+#include "planning_file.h"
 #include "planning_name.h"
 #include "query_command.h"
 #include "recordset.h"
@@ -20,136 +27,78 @@
 namespace ksv {
 namespace {
 
-constexpr int kSqliteCorrupt = 11;
-
 QString sqlQuote(const QString& text) {
   QString q = text;
   q.replace(QLatin1Char('\''), QLatin1String("''"));
   return QLatin1Char('\'') + q + QLatin1Char('\'');
 }
 
-// A consistent, compacted copy through SQLite: the copy never catches a write
-// half made, whatever the other workstations are doing.
-void vacuumInto(const QString& source, const QString& target) {
-  Database db(source, Database::OpenMode::ReadOnly);
-  db.exec(QStringLiteral("VACUUM INTO ") + sqlQuote(target));
-}
-
-// Rebuilds a damaged planning into `target` from whatever rows still read.
-// Returns the number of rows that could not be read.
-int salvage(const QString& damaged, const QString& target) {
-  Database out(target, Database::OpenMode::Create);
-  createPlanningTables(out);
-  createStoredQueries(out);
-  Database old(damaged, Database::OpenMode::ReadOnly);
-  int lost = 0;
-  Transaction t(out);
-  for (const TableDef& table : planningTables()) {
-    const QString name = QLatin1Char('"') + table.name + QLatin1Char('"');
-    const int columns = static_cast<int>(table.columns.size());
-    QStringList marks;
-    for (int i = 0; i < columns; ++i) marks << QStringLiteral("?");
-    Statement insert = out.prepare(QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(name, marks.join(QLatin1Char(','))));
-    auto copyRow = [&](Statement& from) {
-      for (int i = 0; i < columns; ++i) insert.bind(i, from.column(i));
-      insert.run();
-      insert.reset();
-    };
-    try {  // the whole table when it reads
-      Statement all = old.prepare(QStringLiteral("SELECT * FROM %1").arg(name));
-      QList<QVariantList> rows;
-      while (all.step()) {
-        QVariantList row;
-        for (int i = 0; i < columns; ++i) row << all.column(i);
-        rows << row;
-      }
-      for (const QVariantList& row : rows) {
-        for (int i = 0; i < columns; ++i) insert.bind(i, row[i]);
-        insert.run();
-        insert.reset();
-      }
-      continue;
-    } catch (const StorageError&) {
-    }
-    // Otherwise row by row: what reads is kept, what does not is counted.
-    qint64 maxRow = 0;
-    try {
-      maxRow = old.scalar(QStringLiteral("SELECT max(rowid) FROM %1").arg(name)).toLongLong();
-    } catch (const StorageError&) {
-      maxRow = 0;
-    }
-    Statement one = old.prepare(QStringLiteral("SELECT * FROM %1 WHERE rowid = ?").arg(name));
-    for (qint64 id = 1; id <= maxRow; ++id) {
-      try {
-        one.reset();
-        one.bind(0, id);
-        if (one.step()) copyRow(one);
-      } catch (const StorageError&) {
-        ++lost;
-      }
-    }
-  }
-  t.commit();
-  return lost;
-}
-
-bool replaceWith(const QString& file, const QString& temp) {
-  return QFile::remove(file) && QFile::rename(temp, file);
+// The damaged original stays beside the repaired planning under another
+// name: a second name for the same file, made in one step.
+void keepDamagedOriginal(const QString& file, const PlanningName& n) {
+  const QString kept = n.dir + n.stem + QStringLiteral("~BeforeRepair.ksv");
+  QFile::remove(kept);
+  if (::link(QFile::encodeName(file).constData(), QFile::encodeName(kept).constData()) != 0) QFile::copy(file, kept);
 }
 
 }  // namespace
 
 bool Compact_Planning(const QString& file, bool silent, Messages& messages, const Texts& texts) {
-  const PlanningName n = Split_Db_Name(file);
-  const QString temp = n.dir + n.stem + QStringLiteral("~Compact.ksv");
-  QFile::remove(temp);
-  int lost = -1;
-  try {
-    vacuumInto(file, temp);
-  } catch (const StorageError& e) {
-    QFile::remove(temp);
-    // Only a damaged database is rebuilt; a file that is no database at all
-    // is left alone.
-    if (e.primaryCode() != kSqliteCorrupt) {
+  OpenedPlanning opened = openPlanning(file, Database::OpenMode::ReadOnly);
+  if (opened.check != PlanningCheck::Ok && opened.check != PlanningCheck::Damaged) {
+    if (opened.check == PlanningCheck::ConnectError)
       messages.critical(texts.get(txt::CopyError));
-      return false;
-    }
-    try {
-      lost = salvage(file, temp);
-    } catch (const StorageError&) {
-      QFile::remove(temp);
-      messages.critical(texts.get(txt::CopyError));
-      return false;
-    }
-    // The damaged original is kept beside the repaired one: nothing is thrown away.
-    const QString kept = n.dir + n.stem + QStringLiteral("~BeforeRepair.ksv");
-    QFile::remove(kept);
-    QFile::copy(file, kept);
+    else
+      reportPlanningCheck(opened, file, messages, texts);
+    return false;
   }
-  if (!replaceWith(file, temp)) {
+  sweepDeadTemporaries(file);
+  auto temp = HeldTemporary::create(file);
+  if (!temp) {
     messages.critical(texts.get(txt::CopyError));
     return false;
   }
-  if (lost > 0) messages.exclamation(texts.withName(txt::RowsLostInRepair, QString::number(lost)));
+  faultPoint("compact:temporary");
+  // A sound planning is compacted by the store; a damaged one is rebuilt from
+  // every row it still gives, table by table, and the user is told what was
+  // kept and lost.
+  std::optional<PlanningReading> repair;
+  try {
+    if (opened.check == PlanningCheck::Ok && integrityCheck(opened.db) == QLatin1String("ok")) {
+      opened.db.exec(QStringLiteral("VACUUM INTO ") + sqlQuote(temp->path()));
+    } else {
+      Database out(temp->path(), Database::OpenMode::Create);
+      repair = readWholePlanning(opened.db, out);
+    }
+  } catch (const StorageError&) {
+    messages.critical(texts.get(txt::CopyError));
+    return false;
+  }
+  opened.db.close();
+  faultPoint("compact:written");
+  if ((repair && !repair->readable) || !verifiedPlanning(temp->path())) {
+    messages.critical(texts.get(txt::CopyError));
+    return false;
+  }
+  faultPoint("compact:verified");
+  if (repair) keepDamagedOriginal(file, Split_Db_Name(file));
+  if (!replacePlanningFile(temp->path(), file)) {
+    messages.critical(texts.get(txt::CopyError));
+    return false;
+  }
+  temp->taken();
+  if (repair) {
+    QStringList lines{texts.withName(txt::RowsLostInRepair, QString::number(repair->lost()))};
+    lines << readingReport(*repair, texts);
+    messages.exclamation(lines.join(QStringLiteral("\r\n")));
+  }
   if (!silent) messages.information(texts.get(txt::CompactSuccessful));
   return true;
 }
 
-bool Copy_Planning(const QString& source, const QString& saveTarget, bool silent, const Paths& paths,
-                   Messages& messages, const Texts& texts) {
-  const QString temp = paths.tempPlanning();
-  QFile::remove(temp);
-  try {
-    vacuumInto(source, temp);
-  } catch (const StorageError&) {
-    QFile::remove(temp);
-    messages.critical(texts.get(txt::CopyError));
-    return false;
-  }
-  QFile::remove(saveTarget);
-  const bool copied = QFile::copy(temp, saveTarget);
-  QFile::remove(temp);
-  if (!copied) {
+bool Copy_Planning(const QString& source, const QString& saveTarget, bool silent, const Paths&, Messages& messages,
+                   const Texts& texts) {
+  if (!copyPlanning(source, saveTarget)) {
     messages.critical(texts.get(txt::CopyError));
     return false;
   }
@@ -188,6 +137,7 @@ int purgeBefore(Database& db, const Clock& clock, QDate limit) {
     if (!old.isNull(0) && !old.column(0).toString().isEmpty()) invoices << old.column(0);
   for (const QVariant& inv : invoices) PurgeInvoiceIv(db, clock, inv);
   const int deleted = db.execute(QStringLiteral("DELETE FROM Reservation WHERE Date_Fin < ?"), {day});
+  faultPoint("purge:bookings");
 
   QueryCommand cash = QueryCatalogue(db, clock).command(QStringLiteral("InvoiceCsToPurge"));
   cash.setParameter(0, limit);
@@ -195,7 +145,9 @@ int purgeBefore(Database& db, const Clock& clock, QDate limit) {
   Statement& rows = cash.open();
   while (rows.step()) sales << rows.column(QStringLiteral("InvoiceNb"));
   for (const QVariant& inv : sales) PurgeInvoiceIv(db, clock, inv);
+  faultPoint("purge:cash-sales");
   t.commit();
+  faultPoint("purge:committed");
   return deleted;
 }
 

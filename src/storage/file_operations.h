@@ -15,15 +15,16 @@ class Messages;
 class Paths;
 class Texts;
 
-// Compacts `file` in place through stem + "~Compact.ksv" beside it; the
-// caller holds mode E. A damaged file that SQLite can no longer compact is
-// rebuilt from every row it can still read, and the user is told how many
-// rows were lost. Unless `silent`, success is announced.
+// Compacts `file` in place through a held temporary beside it, checked and
+// then renamed over the file (replacePlanningFile); the caller holds mode E.
+// A damaged planning is rebuilt from every row it can still read, and the
+// user is told, table by table, what was kept and lost. Unless `silent`,
+// success is announced.
 bool Compact_Planning(const QString& file, bool silent, Messages& messages, const Texts& texts);
 
-// The back-up: a compacted copy of `source` made through Temp.ksv in the
-// program's folder and copied to `saveTarget`, while the session stays open.
-// Unless `silent`, success is announced.
+// The back-up: a compacted copy of `source` put at `saveTarget` by
+// copyPlanning, while the session stays open. Unless `silent`, success is
+// announced, and only once the copy stands checked under its name.
 bool Copy_Planning(const QString& source, const QString& saveTarget, bool silent, const Paths& paths,
                    Messages& messages, const Texts& texts);
 

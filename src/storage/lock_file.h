@@ -29,10 +29,24 @@ std::optional<LockRecord> readLockFile(const QString& lockPath);
 // show (the session opens that list).
 using ShowUsers = std::function<void(int textEntry)>;
 
-// Asks the lock file for mode 'C', 'U' or 'E'; returns the step's Result.
-// 'C' is never refused; 'U' is refused while another works in normal mode (and
-// `showUsers` is called with the roster message); 'E' is refused, silently,
-// while any number is set. A missing planning needs no lock: true.
+enum class LockAnswer {
+  Granted,
+  InUse,       // another workstation holds what the mode needs
+  Unwritable,  // the lock file cannot be made or written (a read-only folder)
+};
+
+// Asks the lock file for mode 'C', 'U' or 'E'. 'C' is never refused; 'U' is
+// refused while another works in normal mode (and `showUsers` is called with
+// the roster message); 'E' is refused, silently, while any number is set. A
+// missing planning needs no lock: granted.
+//
+// One discipline for every mode: the lock file is read and rewritten under
+// an OS lock of its own, and a granted mode holds a slot of the roster until
+// it is given back, so the roster says who is alive. A number the lock file
+// holds without a live slot of its mode is stale (its holder died) and is
+// cleared on the way.
+LockAnswer requestLock(const QString& planningPath, char mode, const ShowUsers& showUsers = {});
+// The step's Result: true when granted.
 bool RequestConnectMode(const QString& planningPath, char mode, const ShowUsers& showUsers = {});
 
 // Gives a mode back; the lock file goes once all three numbers are zero.
@@ -41,5 +55,9 @@ void ReleaseConnectMode(const QString& planningPath, char mode);
 // A lock file is stale when nobody is connected any more (no live roster):
 // it is deleted. A delete that fails (read-only folder) is no error.
 void deleteStaleLock(const QString& planningPath);
+
+// Waits while another process holds the planning exclusively (a compaction
+// replacing the file), at most `timeoutMs`; false when it still does.
+bool waitForExclusiveEnd(const QString& planningPath, int timeoutMs);
 
 }  // namespace ksv

@@ -17,6 +17,7 @@
 #include "file_operations.h"
 #include "install_example.h"
 #include "lock_file.h"
+#include "planning_file.h"
 #include "session_menus.h"
 #include "sqlite_db.h"
 
@@ -95,7 +96,18 @@ void PlanningSession::Open_Current() {
 bool PlanningSession::connect(char mode) {
   ConnectResult r = Connecting(current.full(), mode);
   connection_ = std::move(r.connection);
+  lastFailure_ = r.failure;
   return connection_ != nullptr;
+}
+
+bool PlanningSession::openChecks(const QString& file) {
+  // Before anything reads or locks it: a file that is no planning of this
+  // version is refused with its message, never offered for repair. A damaged
+  // planning goes on, to the repair question.
+  const OpenedPlanning opened = openPlanning(file, Database::OpenMode::ReadOnly);
+  if (opened || opened.check == PlanningCheck::Damaged || opened.check == PlanningCheck::ConnectError) return true;
+  reportPlanningCheck(opened, file, ctx_.messages, ctx_.texts);
+  return false;
 }
 
 void PlanningSession::autoCompact(const QString& file) {
@@ -120,7 +132,7 @@ void PlanningSession::Open_DB() {
   deleteStaleLock(file);
   bool repairTried = false;
   for (;;) {
-    Result = Converting(file);
+    Result = openChecks(file) && Converting(file);
     if (!Result) return;
     autoCompact(file);
 
@@ -137,6 +149,10 @@ void PlanningSession::Open_DB() {
     // The lock taken for a connection that failed is given back at once.
     ReleaseConnectMode(file, mode);
     view_.setHourglass(false);
+    if (lastFailure_ == ConnectFailure::NotAPlanning || lastFailure_ == ConnectFailure::Version) {
+      ctx_.messages.critical(ctx_.texts.withName(txt::NotAPlanning, file));
+      return;
+    }
     if (repairTried) return;
     if (!ctx_.messages.askYesNo(ctx_.texts.get(txt::CannotOpenRepair))) return;
     repairTried = true;
@@ -315,10 +331,8 @@ bool PlanningSession::askCopyTarget(const QString& suffix, int onItselfText, int
     ctx_.messages.critical(ctx_.texts.get(onItselfText));
     return false;
   }
-  if (QFileInfo::exists(target)) {
-    if (!ctx_.messages.askYesNo(ctx_.texts.get(replaceText), MsgAnswer::No)) return false;
-    QFile::remove(target);
-  }
+  // A Yes lets the copy take the name; the old file stays until then.
+  if (QFileInfo::exists(target) && !ctx_.messages.askYesNo(ctx_.texts.get(replaceText), MsgAnswer::No)) return false;
   return true;
 }
 
@@ -361,9 +375,16 @@ void PlanningSession::M_CompactRepair() {
 
 void PlanningSession::M_Purge() {
   if (!IsOpen) return;
-  const int yearKeep = readOption("Reservation", "YearKeep", QStringLiteral("3")).toInt();
-  const QDate limit = purgeLimit(ctx_.clock.today(), yearKeep);
-  if (!ctx_.messages.askYesNo(ctx_.texts.get(txt::PurgeQuestion) + shortDateText(limit, ctx_.regional), MsgAnswer::No))
+  const QString yearKeep = readOption("Reservation", "YearKeep", QStringLiteral("3"));
+  const std::optional<int> years = yearKeepYears(yearKeep);
+  if (!years) {
+    ctx_.messages.critical(ctx_.texts.withName(txt::YearKeepRefused, yearKeep));
+    return;
+  }
+  const QDate limit = purgeLimit(ctx_.clock.today(), *years);
+  if (!ctx_.messages.askYesNo(
+          ctx_.texts.get(txt::PurgeQuestion) + shortDateText(limit, ctx_.regional) + QStringLiteral(" ?"),
+          MsgAnswer::No))
     return;
   view_.stopRefreshTimer();
   try {

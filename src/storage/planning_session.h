@@ -141,6 +141,7 @@ class PlanningSession {
  private:
   void setCurrent(const QString& path);
   bool connect(char mode);
+  bool openChecks(const QString& file);
   void openSessionObjects();
   void autoCompact(const QString& file);
   void switchMode(const char* updating);
@@ -156,6 +157,7 @@ class PlanningSession {
   std::unique_ptr<PlanningConnection> connection_;
   SessionObjects objects_;
   bool focusDone_ = false;
+  ConnectFailure lastFailure_ = ConnectFailure::None;
 };
 
 }  // namespace ksv

@@ -1,82 +1,33 @@
 #include "roster.h"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstring>
 
 #include <QByteArray>
 #include <QFile>
 #include <QSysInfo>
 
+#include "file_gate.h"
 #include "lock_file.h"
 
 namespace ksv {
 namespace {
 
-// Layout: a 64-byte head whose first byte is the gate, then slots of 64 bytes,
-// 32 for the computer and 32 for the login, NUL-padded UTF-8.
+// Layout: a 64-byte head whose first byte is the gate, then slots of 80
+// bytes: 32 for the computer and 32 for the login (NUL-padded UTF-8), 8 for
+// the process id (little-endian), 1 for the kind.
 constexpr off_t kHead = 64;
-constexpr off_t kSlotSize = 64;
+constexpr off_t kSlotSize = 80;
 constexpr int kFieldSize = 32;
+constexpr int kPidAt = 64;
+constexpr int kKindAt = 72;
 constexpr int kMaxSlots = 255;
 
 off_t slotOffset(int slot) { return kHead + slot * kSlotSize; }
-
-// Open-file-description locks: owned by the open file, not the process, so two
-// connections of one process exclude each other, and all go when the process dies.
-bool lockRange(int fd, short type, off_t start, off_t len, bool wait) {
-  struct flock fl;
-  std::memset(&fl, 0, sizeof fl);
-  fl.l_type = type;
-  fl.l_whence = SEEK_SET;
-  fl.l_start = start;
-  fl.l_len = len;
-  for (;;) {
-    if (fcntl(fd, wait ? F_OFD_SETLKW : F_OFD_SETLK, &fl) == 0) return true;
-    if (errno != EINTR) return false;
-  }
-}
-
-bool isLockedByOther(int fd, off_t start, off_t len) {
-  struct flock fl;
-  std::memset(&fl, 0, sizeof fl);
-  fl.l_type = F_WRLCK;
-  fl.l_whence = SEEK_SET;
-  fl.l_start = start;
-  fl.l_len = len;
-  if (fcntl(fd, F_OFD_GETLK, &fl) != 0) return false;
-  return fl.l_type != F_UNLCK;
-}
-
-void unlockRange(int fd, off_t start, off_t len) { lockRange(fd, F_UNLCK, start, len, false); }
-
-// Opens the roster with its gate held, making sure the file we hold is still
-// the one at the path (the last closer may have removed it meanwhile).
-int openGated(const QString& rosterPath, bool create) {
-  const QByteArray path = QFile::encodeName(rosterPath);
-  for (int attempt = 0; attempt < 50; ++attempt) {
-    const int fd = ::open(path.constData(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0666);
-    if (fd < 0) return -1;
-    if (!lockRange(fd, F_WRLCK, 0, 1, true)) {
-      ::close(fd);
-      return -1;
-    }
-    struct stat held, named;
-    if (fstat(fd, &held) == 0 && ::stat(path.constData(), &named) == 0 && held.st_ino == named.st_ino &&
-        held.st_dev == named.st_dev)
-      return fd;
-    ::close(fd);  // removed under us: start again on the new file
-  }
-  return -1;
-}
-
-void closeGated(int fd) {
-  unlockRange(fd, 0, 1);
-  ::close(fd);
-}
 
 QByteArray field(const QString& text) {
   QByteArray b = text.toUtf8().left(kFieldSize);
@@ -92,17 +43,34 @@ int slotCount(int fd) {
   return static_cast<int>((st.st_size - kHead + kSlotSize - 1) / kSlotSize);
 }
 
-// Reads the live members; the caller holds the gate.
-QList<RosterMember> readLive(int fd) {
-  QList<RosterMember> out;
+struct LiveSlot {
+  RosterMember member;
+  qint64 pid = 0;
+  char kind = ' ';
+};
+
+// Reads the live slots; the caller holds the gate.
+QList<LiveSlot> readLive(int fd) {
+  QList<LiveSlot> out;
   const int n = slotCount(fd);
   for (int i = 0; i < n; ++i) {
     if (!isLockedByOther(fd, slotOffset(i), kSlotSize)) continue;
     char buf[kSlotSize] = {};
     if (pread(fd, buf, kSlotSize, slotOffset(i)) <= 0) continue;
-    out.append({unfield(buf), unfield(buf + kFieldSize)});
+    qint64 pid = 0;
+    for (int b = 7; b >= 0; --b) pid = (pid << 8) | static_cast<unsigned char>(buf[kPidAt + b]);
+    out.append({{unfield(buf), unfield(buf + kFieldSize)}, pid, buf[kKindAt]});
   }
   return out;
+}
+
+// The live slots of a planning's roster; nothing when there is none.
+QList<LiveSlot> liveSlots(const QString& planningPath) {
+  const QString path = rosterPathOf(planningPath);
+  if (!QFile::exists(path)) return {};
+  const auto gate = FileGate::open(path, false);
+  if (!gate) return {};
+  return readLive(gate->fd());
 }
 
 }  // namespace
@@ -110,31 +78,38 @@ QList<RosterMember> readLive(int fd) {
 QString computerName() { return QSysInfo::machineHostName(); }
 
 QString loginName() {
-  QString login = qEnvironmentVariable("USER");
-  if (login.isEmpty()) login = qEnvironmentVariable("LOGNAME");
-  return login;
+  for (const char* variable : {"USER", "LOGNAME"}) {
+    const QString login = qEnvironmentVariable(variable);
+    if (!login.isEmpty()) return login;
+  }
+  // A cron job or a service may have neither: the account itself answers.
+  if (const passwd* pw = getpwuid(getuid())) return QString::fromLocal8Bit(pw->pw_name);
+  return QString::number(getuid());
 }
 
-std::unique_ptr<RosterEntry> RosterEntry::join(const QString& planningPath) {
-  return join(planningPath, computerName(), loginName());
+std::unique_ptr<RosterEntry> RosterEntry::join(const QString& planningPath, RosterKind kind) {
+  return join(planningPath, computerName(), loginName(), kind);
 }
 
 std::unique_ptr<RosterEntry> RosterEntry::join(const QString& planningPath, const QString& computer,
-                                               const QString& login) {
+                                               const QString& login, RosterKind kind) {
   const QString path = rosterPathOf(planningPath);
-  const int fd = openGated(path, true);
-  if (fd < 0) return nullptr;
+  auto gate = FileGate::open(path, true);
+  if (!gate) return nullptr;
+  const int fd = gate->fd();
   for (int slot = 0; slot < kMaxSlots; ++slot) {
     if (!lockRange(fd, F_WRLCK, slotOffset(slot), kSlotSize, false)) continue;  // taken by a live connection
-    const QByteArray record = field(computer) + field(login);
+    QByteArray record = field(computer) + field(login);
+    quint64 pid = static_cast<quint64>(getpid());
+    for (int b = 0; b < 8; ++b, pid >>= 8) record.append(static_cast<char>(pid & 0xFF));
+    record.append(static_cast<char>(kind));
+    record.append(QByteArray(kSlotSize - record.size(), '\0'));
     if (pwrite(fd, record.constData(), kSlotSize, slotOffset(slot)) != kSlotSize) {
       unlockRange(fd, slotOffset(slot), kSlotSize);
       break;
     }
-    unlockRange(fd, 0, 1);  // release the gate, keep the slot
-    return std::unique_ptr<RosterEntry>(new RosterEntry(path, fd, slot));
+    return std::unique_ptr<RosterEntry>(new RosterEntry(path, gate->releaseKeepingFile(), slot));
   }
-  closeGated(fd);
   return nullptr;
 }
 
@@ -145,27 +120,45 @@ RosterEntry::~RosterEntry() {
   (void)!pwrite(fd_, zeros, kSlotSize, slotOffset(slot_));
   unlockRange(fd_, slotOffset(slot_), kSlotSize);
   if (readLive(fd_).isEmpty()) ::unlink(QFile::encodeName(path_).constData());
-  closeGated(fd_);
+  unlockRange(fd_, 0, 1);
+  ::close(fd_);
 }
 
 QList<RosterMember> liveConnections(const QString& planningPath) {
-  const QString path = rosterPathOf(planningPath);
-  if (!QFile::exists(path)) return {};
-  const int fd = openGated(path, false);
-  if (fd < 0) return {};
-  QList<RosterMember> live = readLive(fd);
-  closeGated(fd);
-  return live;
+  QList<RosterMember> out;
+  QList<std::pair<RosterMember, qint64>> seen;
+  for (const LiveSlot& s : liveSlots(planningPath)) {
+    const std::pair<RosterMember, qint64> who{s.member, s.pid};
+    if (seen.contains(who)) continue;
+    seen << who;
+    out << s.member;
+  }
+  return out;
+}
+
+LiveModes liveModes(const QString& planningPath) {
+  LiveModes m;
+  for (const LiveSlot& s : liveSlots(planningPath)) {
+    switch (static_cast<RosterKind>(s.kind)) {
+      case RosterKind::Consultation: ++m.consultations; break;
+      case RosterKind::Normal: ++m.normal; break;
+      case RosterKind::Exclusive:
+        ++m.exclusive;
+        if (s.pid != getpid() || s.member.computer != computerName()) ++m.exclusiveElsewhere;
+        break;
+      case RosterKind::Connection: break;
+    }
+  }
+  return m;
 }
 
 bool rosterIsLive(const QString& planningPath) {
   const QString path = rosterPathOf(planningPath);
   if (!QFile::exists(path)) return false;
-  const int fd = openGated(path, false);
-  if (fd < 0) return QFile::exists(path);  // cannot look inside: trust its presence
-  const bool live = !readLive(fd).isEmpty();
-  if (!live) ::unlink(QFile::encodeName(path).constData());
-  closeGated(fd);
+  auto gate = FileGate::open(path, false);
+  if (!gate) return QFile::exists(path);  // cannot look inside: trust its presence
+  const bool live = !readLive(gate->fd()).isEmpty();
+  if (!live) gate->removeFile();
   return live;
 }
 

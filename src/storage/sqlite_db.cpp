@@ -122,7 +122,9 @@ void Database::open(const QString& path, OpenMode mode, int busyTimeoutMs) {
     case OpenMode::Create: flags |= SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE; break;
   }
   sqlite3* db = nullptr;
-  const int rc = sqlite3_open_v2(QFileInfo(path).absoluteFilePath().toUtf8().constData(), &db, flags, nullptr);
+  // ":memory:" is a database of this connection only, never a file.
+  const QString name = path == QLatin1String(":memory:") ? path : QFileInfo(path).absoluteFilePath();
+  const int rc = sqlite3_open_v2(name.toUtf8().constData(), &db, flags, nullptr);
   if (rc != SQLITE_OK) {
     const QString message = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QString::fromUtf8(sqlite3_errstr(rc));
     const int code = db ? sqlite3_extended_errcode(db) : rc;

@@ -84,7 +84,9 @@ TEST_F(CommandLine, HelpListsEveryCommandAndBadCallsSaySo) {
                            "check FILE", "--help"})
     EXPECT_TRUE(outText.contains(line)) << line;
   EXPECT_TRUE(isCommand("purge"));
+  EXPECT_TRUE(isCommand("bakcup")) << "a mistyped command is answered, not taken for the window";
   EXPECT_FALSE(isCommand("--version"));
+  EXPECT_FALSE(isCommand("--example"));
   EXPECT_FALSE(isCommand(path)) << "a planning given to open is no command";
 
   EXPECT_EQ(run({"frobnicate", path}), kExitWrongUsage);
@@ -176,28 +178,46 @@ TEST_F(CommandLine, PurgeKeepsTheYearsOfTheOptionsWithoutAsking) {
   EXPECT_FALSE(QFile::exists(lockPathOf(path)));
 }
 
-TEST_F(CommandLine, PurgeWaitsWhileAnotherCompacts) {
+TEST_F(CommandLine, PurgeWaitsWhileAnotherCompactsAndPurgesTheCompactedFile) {
   booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
-  Workstation reader(path, 'C');  // someone is connected, so the lock is no leftover
-  ASSERT_TRUE(reader.connection);
-  const QByteArray compacting("\x01\0\0\0\xff\xff", 6);
-  writeBytes(lockPathOf(path), compacting);
-  EXPECT_EQ(run({"purge", path}), kExitInUse);
-  EXPECT_EQ(names(path), QStringList{"Left long ago"});
-  EXPECT_EQ(readBytes(lockPathOf(path)), compacting);
-  writeBytes(lockPathOf(path), QByteArray("\x01\0\0\0\0\0", 6));
-  EXPECT_EQ(run({"purge", path}), kExitDone) << "consultations do not stop a purge";
+  int fds[2];
+  ASSERT_EQ(pipe(fds), 0);
+  const pid_t compacting = fork();
+  if (compacting == 0) {  // holds the planning exclusively for a moment, as a compaction does
+    close(fds[0]);
+    const char ok = RequestConnectMode(path, 'E') ? '1' : '0';
+    (void)!write(fds[1], &ok, 1);
+    usleep(300000);
+    ReleaseConnectMode(path, 'E');
+    _exit(0);
+  }
+  close(fds[1]);
+  char ok = '0';
+  ASSERT_EQ(read(fds[0], &ok, 1), 1);
+  close(fds[0]);
+  ASSERT_EQ(ok, '1');
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  int status = 0;
+  waitpid(compacting, &status, 0);
   EXPECT_TRUE(names(path).isEmpty());
 }
 
-TEST_F(CommandLine, YearKeepFallsBackToThreeYears) {
-  EXPECT_EQ(yearKeepOption(folders.paths()), 3);
-  writeBytes(folders.paths().iniFile(), "[Reservation]\nYearKeep=three\n");
-  EXPECT_EQ(yearKeepOption(folders.paths()), 3) << "a typing error must not purge everything";
+TEST_F(CommandLine, AYearKeepThatIsNoWholeNumberOfYearsPurgesNothing) {
+  booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
+  booking(path, "Arrives next year", QDate(2027, 3, 1), QDate(2027, 3, 5));
+  for (const char* value : {"-1", "three", "1.5", "-0.5"}) {
+    SCOPED_TRACE(value);
+    writeBytes(folders.paths().iniFile(), QByteArray("[Reservation]\nYearKeep=") + value + "\n");
+    EXPECT_EQ(run({"purge", path}), kExitFailed);
+    EXPECT_EQ(messages.texts(), QStringList{QString("The option YearKeep must be a whole number of years, 0 or more: ") +
+                                            value + " is refused and nothing is purged"});
+    EXPECT_EQ(names(path).size(), 2);
+  }
   writeBytes(folders.paths().iniFile(), "[Other]\nYearKeep=1\n");
-  EXPECT_EQ(yearKeepOption(folders.paths()), 3);
-  writeBytes(folders.paths().iniFile(), "[Reservation]\nYearKeep=5\n");
-  EXPECT_EQ(yearKeepOption(folders.paths()), 5);
+  EXPECT_EQ(yearKeepText(folders.paths()), "3") << "a missing key is the default";
+  writeBytes(folders.paths().iniFile(), "[Reservation]\nYearKeep=0\n");
+  EXPECT_EQ(run({"purge", path}), kExitDone);
+  EXPECT_EQ(names(path), QStringList{"Arrives next year"});
 }
 
 TEST_F(CommandLine, BackupIsMadeWhileOthersWorkAndNeverReplacesAFile) {
