@@ -142,6 +142,11 @@ OpenedPlanning openPlanning(const QString& path, Database::OpenMode mode) {
     o.check = PlanningCheck::NotAPlanning;
     return o;
   }
+  return openPlanningContent(path, mode);
+}
+
+OpenedPlanning openPlanningContent(const QString& path, Database::OpenMode mode) {
+  OpenedPlanning o;
   try {
     recoverJournal(path);
     o.db = Database(path, mode);
@@ -157,7 +162,10 @@ OpenedPlanning openPlanning(const QString& path, Database::OpenMode mode) {
     return o;
   }
   try {
-    o.version = o.db.scalar(QStringLiteral("SELECT Version FROM DataBaseInfo")).toString();
+    const QVariant version = o.db.scalar(QStringLiteral("SELECT Version FROM DataBaseInfo"));
+    // A planning being made has its tables before its first row.
+    if (version.isNull()) return o;
+    o.version = version.toString();
   } catch (const StorageError& e) {
     o.check = PlanningCheck::Damaged;
     o.detail = e.message();
@@ -249,7 +257,8 @@ QStringList readingReport(const PlanningReading& reading, const Texts& texts) {
 }
 
 bool verifiedPlanning(const QString& path, QString* detail) {
-  OpenedPlanning o = openPlanning(path, Database::OpenMode::ReadOnly);
+  // A temporary has no planning's extension yet: the checks after it apply.
+  OpenedPlanning o = openPlanningContent(path, Database::OpenMode::ReadOnly);
   if (!o) {
     if (detail) *detail = o.detail.isEmpty() ? QStringLiteral("not a planning") : o.detail;
     return false;

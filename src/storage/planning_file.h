@@ -40,6 +40,8 @@ struct OpenedPlanning {
 // back first (by a short read-write connection), so a read-only open sees the
 // last committed state.
 OpenedPlanning openPlanning(const QString& path, Database::OpenMode mode);
+// The checks from "it connects" on, for a file not yet under a planning's name.
+OpenedPlanning openPlanningContent(const QString& path, Database::OpenMode mode);
 // Shows the message of a failed check.
 void reportPlanningCheck(const OpenedPlanning& opened, const QString& path, Messages& messages, const Texts& texts);
 

@@ -56,7 +56,7 @@ class PlanningSafety : public ::testing::Test {
     t.commit();
     ::chmod(QFile::encodeName(path).constData(), 0640);
   }
-  static QString name(int i) { return (i < kOld ? "Old %1" : "New %1").arg(i, 4, 10, QLatin1Char('0')); }
+  static QString name(int i) { return QString(i < kOld ? "Old %1" : "New %1").arg(i, 4, 10, QLatin1Char('0')); }
   static QStringList names(bool withOld) {
     QStringList out;
     for (int i = withOld ? 0 : kOld; i < kOld + kNew; ++i) out << name(i);
@@ -73,7 +73,8 @@ class PlanningSafety : public ::testing::Test {
 
   // The planning under its name opens, passes its integrity check and holds
   // exactly `expected` with its mode.
-  void expectWhole(const QString& file, const QStringList& expected, mode_t mode = 0640) {
+  void expectWhole(const QString& file, QStringList expected, mode_t mode = 0640) {
+    expected.sort();
     OpenedPlanning o = openPlanning(file, Database::OpenMode::ReadOnly);
     ASSERT_TRUE(o) << file.toStdString() << " " << o.detail.toStdString();
     EXPECT_EQ(integrityCheck(o.db), "ok");
@@ -162,7 +163,6 @@ TEST_F(PlanningSafety, AWorkstationOpeningDuringACompactionKeepsWhatItWrites) {
     EXPECT_EQ(ends[1].exitCode, kExitDone) << "the workstation opens once the compaction is done";
     refused += ends[0].exitCode == kExitInUse;
     if (ends[1].exitCode == kExitDone) expected << booking;
-    expected.sort();
     expectWhole(path, expected);
     EXPECT_EQ(debris(), QStringList());
     if (HasFailure()) break;
@@ -181,11 +181,7 @@ TEST_F(PlanningSafety, TwoBackupsAtOnceAreBothWholePlannings) {
         test::runTogether({[&] { return cli({"backup", path, a}); }, [&] { return cli({"backup", path, b}); }});
     EXPECT_EQ(ends[0].exitCode, kExitDone);
     EXPECT_EQ(ends[1].exitCode, kExitDone);
-    const mode_t fresh = [] {
-      const mode_t mask = ::umask(0);
-      ::umask(mask);
-      return 0666 & ~mask;
-    }();
+    const mode_t fresh = test::freshFileMode();
     expectWhole(a, names(true), fresh);
     expectWhole(b, names(true), fresh);
     expectWhole(path, names(true));
@@ -220,7 +216,7 @@ TEST_P(KilledAtAStep, LeavesThePlanningWholeAndTheNextRunClean) {
 
   const bool purged = QString(c.step) == "purge:committed";
   expectWhole(path, names(!purged));
-  if (QFile::exists(target)) expectWhole(target, names(true), 0644 & 0666);
+  if (QFile::exists(target)) expectWhole(target, names(true), test::freshFileMode());
 
   // The next run works and sweeps what the dead one left.
   QFile::remove(target);
@@ -262,7 +258,9 @@ TEST_F(PlanningSafety, EveryCommandTakesAPlanningWithTheJournalOfACrash) {
     ASSERT_TRUE(QFile::exists(path + "-journal"));
     EXPECT_EQ(cli(command), kExitDone);
     expectWhole(path, names(command.first() != "purge"));
-    if (command.size() == 3) EXPECT_TRUE(verifiedPlanning(target));
+    if (command.size() == 3) {
+      EXPECT_TRUE(verifiedPlanning(target));
+    }
   }
 }
 

@@ -1,5 +1,6 @@
 #include "processes.h"
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -47,6 +48,12 @@ int raceRounds(int byDefault) {
   bool ok = false;
   const int n = qEnvironmentVariableIntValue("KSV_RACE_ROUNDS", &ok);
   return ok && n > 0 ? n : byDefault;
+}
+
+unsigned freshFileMode() {
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return 0666 & ~mask;
 }
 
 QStringList debrisIn(const QString& folder, const QStringList& expected) {

@@ -4,6 +4,7 @@
 // several at once and reads how each ended.
 
 #include <functional>
+#include <vector>
 
 #include <QString>
 #include <QStringList>
@@ -25,6 +26,9 @@ ChildEnd runChild(const std::function<int()>& body);
 
 // Rounds of a race test: KSV_RACE_ROUNDS, else `byDefault`.
 int raceRounds(int byDefault);
+
+// The mode a new file gets from this process's umask.
+unsigned freshFileMode();
 
 // The files of `folder` whose names are not in `expected`: what an operation
 // left behind.
