@@ -107,7 +107,7 @@ TEST_F(FileOperations, AFileThatIsNoDatabaseIsLeftAlone) {
   f.write(QByteArray(8192, 'x'));
   f.close();
   EXPECT_FALSE(Compact_Planning(path, false, messages, texts));
-  EXPECT_EQ(messages.texts(), QStringList{"Error while copying the data base"});
+  EXPECT_EQ(messages.texts(), QStringList{"The file - " + path + " - is not a Planning"});
   EXPECT_EQ(QFileInfo(path).size(), 8192);
 }
 

@@ -63,7 +63,11 @@ TEST_F(RosterTest, AKilledProcessIsNoLongerListed) {
 
 TEST_F(RosterTest, ARosterLeftByTheDeadDoesNotKeepTheFileAlive) {
   QFile(planning).open(QIODevice::WriteOnly);
-  ASSERT_TRUE(RequestConnectMode(planning, 'U'));
+  {  // normal mode, as the dead workstation left it
+    QFile lock(lockPathOf(planning));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.write(QByteArray("\0\0\xff\xff\0\0", 6));
+  }
   test::OtherProcess child = receptionJoined(planning);
   ASSERT_TRUE(child.ready());
   EXPECT_TRUE(rosterIsLive(planning));
