@@ -345,7 +345,6 @@ TEST_F(Session, TheExampleOpensInNormalMode) {
   EXPECT_FALSE(s->firstRun);
 }
 
-<<<<<<< HEAD
 // A planning named on the command line wins over LastFile and over the
 // example's question; a name that is no planning is told and LastFile opens.
 TEST_F(Session, APlanningGivenOnTheCommandLine) {
@@ -376,8 +375,6 @@ TEST_F(Session, APlanningGivenOnTheCommandLine) {
     EXPECT_EQ(ini.GetValue("Remember", "LastFile"), c.opened);
   }
 }
-=======
-namespace {
 
 // A file that is no planning of this version is refused with its message; the
 // repair question is for damaged plannings only.
@@ -395,5 +392,3 @@ TEST_F(Session, AFileThatIsNoPlanningIsRefusedNotOfferedForRepair) {
   }
 }
 
-}  // namespace
->>>>>>> 788acb6 (Planning file safety: one lock discipline, one open, copy and replace routine, repair counted per table, YearKeep read once, command line answers without a window)
