@@ -138,7 +138,10 @@ void BookingEditForm::commonToBuffer() {
   b.InvNb_L = InvNb;
 }
 
-bool BookingEditForm::nameGiven() { return customerNameGiven(Nom, ctx_.messages, ctx_.texts, focusNom); }
+bool BookingEditForm::nameGiven() {
+  Nom = Nom.trimmed();
+  return customerNameGiven(Nom, ctx_.messages, ctx_.texts, focusNom);
+}
 
 bool BookingEditForm::write(const std::function<void()>& writes) {
   try {

@@ -254,6 +254,8 @@ void ReservationCreerPresenter::Create_Click() {
     m.information(t.get(txt::CalendarFromBeforeTo));
     return;
   }
+  // A blank typed after the name would slip past the black list and be stored.
+  Nom = Nom.trimmed();
   if (!customerNameGiven(Nom, m, t, focusNom)) return;
   // One booking needs a resource: a category without resources leaves none.
   if (groupId_ == QLatin1String("C") && resource().trimmed().isEmpty()) {
@@ -268,7 +270,8 @@ void ReservationCreerPresenter::Create_Click() {
   if (Search_BlackList(ctx_.objects.BlackList, Nom, BL_Remark)) {
     const QString question = t.get(txt::BlackListRemark) + QStringLiteral("\r\n\r\n") + BL_Remark +
                              QStringLiteral("\r\n\r\n") + t.get(txt::BlackListCreateAnyway);
-    if (m.show(question, MsgButtons::YesNo, MsgIcon::Critical) != MsgAnswer::Yes) {
+    // Enter must not book a listed guest.
+    if (m.show(question, MsgButtons::YesNo, MsgIcon::Critical, MsgAnswer::No) != MsgAnswer::Yes) {
       close();
       return;
     }

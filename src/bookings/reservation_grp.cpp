@@ -290,7 +290,8 @@ bool ReservationGrpPresenter::ModifyGroup_Click(bool silent) {
     m.information(t.get(txt::CalendarFromBeforeTo));
     return false;
   }
-  if (Nom.trimmed().isEmpty()) {
+  Nom = Nom.trimmed();
+  if (Nom.isEmpty()) {
     m.critical(t.get(txt::CustomerNameEmpty));
     if (focusNom) focusNom();
     return false;

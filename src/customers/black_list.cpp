@@ -19,9 +19,10 @@ BlackListRow rowOf(const Recordset& rs) {
 bool Search_BlackList(Recordset& blackList, const QString& name, QString& BL_Remark) {
   // Another workstation may have added a name since the list was read.
   blackList.requery();
-  const QString wanted = name.toLower();
+  // Blanks around a name are not part of it: "Dupré " is still "Dupré".
+  const QString wanted = name.trimmed().toLower();
   for (blackList.moveFirst(); !blackList.isEOF(); blackList.moveNext()) {
-    if (blackList.field(QStringLiteral("Nom")).toString().toLower() == wanted) {
+    if (blackList.field(QStringLiteral("Nom")).toString().trimmed().toLower() == wanted) {
       BL_Remark = blackList.field(QStringLiteral("Remark")).toString();
       return true;
     }
@@ -43,7 +44,8 @@ QString BlackListUpdatePresenter::okCaption() const {
 }
 
 void BlackListUpdatePresenter::OK_Click() {
-  if (Nom.trimmed().isEmpty()) {
+  if (mode != BlackListMode::Delete) Nom = Nom.trimmed();
+  if (Nom.isEmpty()) {
     messages_.exclamation(texts_.get(txt::CustomerNameEmpty));
     closed = false;
     return;

@@ -15,7 +15,8 @@ void CustomerUpdatePresenter::load(const QString& nom, const QString& email, con
 QString CustomerUpdatePresenter::okCaption() const { return texts_.get(txt::CustomerModify); }
 
 void CustomerUpdatePresenter::OK_Click() {
-  if (Nom.trimmed().isEmpty()) {
+  Nom = Nom.trimmed();
+  if (Nom.isEmpty()) {
     messages_.exclamation(texts_.get(txt::CustomerNameEmpty));
     closed = false;
     return;

@@ -244,6 +244,24 @@ TEST_F(CreerTest, BlackListAnsweredNoClosesAndLosesTheData) {
   EXPECT_EQ(rows(), QStringList{"Bad Payer/101/2025-03-11/2025-03-18/0/C/0"});
 }
 
+TEST_F(CreerTest, ABlankAroundTheNameDoesNotSlipPastTheBlackList) {
+  blackList("Mme Hélène Dupré", "Left without paying");
+  ReservationCreerPresenter& p = open("101", march(11));
+  p.Nom_Change(" Mme Hélène Dupré ");
+  // Enter takes the preselected button: it must be No.
+  messages.answer(MsgAnswer::No);
+  p.Create_Click();
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  EXPECT_TRUE(rows().isEmpty());
+
+  ReservationCreerPresenter& q = open("101", march(11));
+  q.Nom_Change("Mme Hélène Dupré\t");
+  messages.answer(MsgAnswer::Yes);
+  q.Create_Click();
+  EXPECT_EQ(rows(), QStringList{"Mme Hélène Dupré/101/2025-03-11/2025-03-18/0/C/0"});
+}
+
 TEST_F(CreerTest, AKnownNameAsksUnlessItCameFromTheList) {
   plan.addBooking("103", march(1), march(3), "Dupont");
   QString listedFor;

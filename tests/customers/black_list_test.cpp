@@ -1,5 +1,6 @@
 #include "support/customer_planning.h"
 #include "customers/black_list.h"
+#include "customers/customer_update.h"
 #include "storage/query_command.h"
 #include "storage/recordset.h"
 
@@ -98,6 +99,25 @@ TEST_F(BlackListTest, AnEmptyNameIsRefusedAndTheDialogStaysOpen) {
   u.Nom = "Durand";
   u.OK_Click();
   EXPECT_TRUE(u.closed && u.changed);
+}
+
+TEST_F(BlackListTest, NamesAreStoredAndFoundWithoutTheirBlanks) {
+  entry("Dupré ", "Old row typed with a blank");
+  QString remark;
+  EXPECT_TRUE(Search_BlackList(list, " dupré", remark));
+  EXPECT_EQ(remark, "Old row typed with a blank");
+
+  auto p = presenter("  Martin ", "Rude");
+  p.Dessin_BlackList();
+  p.Add_Click();
+  EXPECT_EQ(table(), (QStringList{"Dupré |Old row typed with a blank", "Martin|Rude"}));
+
+  CustomerUpdatePresenter customer(messages, texts);
+  customer.load("Martin", "", "");
+  customer.Nom = "Martin ";
+  customer.OK_Click();
+  EXPECT_EQ(customer.Nom, "Martin");
+  EXPECT_FALSE(customer.changed) << "a trailing blank is no change";
 }
 
 TEST_F(BlackListTest, AddFromElsewhereAsksWithNoPreselected) {
