@@ -5,6 +5,7 @@
 #include "search_fold.h"
 #include "storage/recordset.h"
 #include "storage/sqlite_db.h"
+#include "storage/text_compare.h"
 
 namespace ksv {
 
@@ -12,6 +13,11 @@ namespace {
 
 BlackListRow rowOf(const Recordset& rs) {
   return BlackListRow{rs.field(QStringLiteral("Nom")).toString(), rs.field(QStringLiteral("Remark")).toString()};
+}
+
+// Two rows the file cannot tell apart: its columns ignore case.
+bool sameRow(const BlackListRow& a, const BlackListRow& b) {
+  return sameText(a.Nom, b.Nom) && sameText(a.Remark, b.Remark);
 }
 
 }  // namespace
@@ -111,11 +117,17 @@ bool BlackListPresenter::contains(const BlackListRow& row) {
   // Read again: the test must see what other workstations wrote meanwhile.
   bl_.requery();
   for (bl_.moveFirst(); !bl_.isEOF(); bl_.moveNext())
-    if (rowOf(bl_) == row) return true;
+    if (sameRow(rowOf(bl_), row)) return true;
   return false;
 }
 
-bool BlackListPresenter::moveTo(const BlackListRow& row) { return contains(row); }
+bool BlackListPresenter::moveTo(const BlackListRow& row) {
+  // The row as read: a file from before the case rule may hold two that differ in case only.
+  bl_.requery();
+  for (bl_.moveFirst(); !bl_.isEOF(); bl_.moveNext())
+    if (rowOf(bl_) == row) return true;
+  return false;
+}
 
 bool BlackListPresenter::BlackList_Add(const BlackListRow& row) {
   if (contains(row)) {
@@ -146,7 +158,7 @@ bool BlackListPresenter::BlackList_Add_Commun() {
 
 bool BlackListPresenter::BlackList_Modify(const BlackListRow& old, const BlackListRow& now) {
   // Two rows may not hold the same name and remark.
-  if (now != old && contains(now)) {
+  if (!sameRow(now, old) && contains(now)) {
     ctx_.messages.exclamation(ctx_.texts.get(txt::BlackListDuplicate));
     return false;
   }

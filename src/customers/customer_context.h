@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include "storage/text_compare.h"
+
 namespace ksv {
 
 class Clock;
@@ -30,5 +32,10 @@ struct CustomerRow {
   QString Remarque;
   bool operator==(const CustomerRow&) const = default;
 };
+
+// The rows the file shows as one line of the list: its columns ignore case.
+inline bool sameCustomer(const CustomerRow& a, const CustomerRow& b) {
+  return sameText(a.Nom, b.Nom) && sameText(a.Email, b.Email) && sameText(a.Remarque, b.Remarque);
+}
 
 }  // namespace ksv

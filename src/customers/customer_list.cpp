@@ -35,7 +35,8 @@ void CustomerListPresenter::Customer_From_Reservation(const QString& name, Custo
   fromReservation = true;
   target_ = &target;
   Dessin_Customer();
-  selectWhere([&name](const CustomerRow& r) { return r.Nom == name; });
+  const QString wanted = name.trimmed();
+  selectWhere([&wanted](const CustomerRow& r) { return sameText(r.Nom, wanted); });
 }
 
 void CustomerListPresenter::Dessin_Customer() {
@@ -112,7 +113,7 @@ void CustomerListPresenter::Modify_Click() {
     ctx_.messages.critical(QString::fromUtf8(e.what()));
   }
   Dessin_Customer();
-  selectWhere([&now](const CustomerRow& r) { return r == now; });
+  selectWhere([&now](const CustomerRow& r) { return sameCustomer(r, now); });
 }
 
 void CustomerListPresenter::Add_BL_Click() {
@@ -132,7 +133,7 @@ void CustomerListPresenter::Unify_Click() {
     ctx_.messages.critical(QString::fromUtf8(e.what()));
   }
   Dessin_Customer();
-  if (keep) selectWhere([&keep](const CustomerRow& r) { return r.Nom == keep->Nom; });
+  if (keep) selectWhere([&keep](const CustomerRow& r) { return sameText(r.Nom, keep->Nom); });
 }
 
 void CustomerListPresenter::Printer_Click() {

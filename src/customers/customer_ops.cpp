@@ -42,10 +42,10 @@ QList<CustomerRow> Dessin_Customer(const CustomerContext& ctx, const QString& qu
 }
 
 bool Customer_Search(const CustomerContext& ctx, const QString& queryName, const QString& name) {
-  const QString wanted = name.toLower();
+  const QString wanted = name.trimmed();
   Recordset rs = openList(ctx, queryName);
   for (rs.moveFirst(); !rs.isEOF(); rs.moveNext())
-    if (rs.field(QStringLiteral("Nom")).toString().toLower() == wanted) return true;
+    if (sameText(rs.field(QStringLiteral("Nom")).toString(), wanted)) return true;
   return false;
 }
 
@@ -59,7 +59,7 @@ int Customer_Modify(const CustomerContext& ctx, const CustomerRow& old, const Cu
     Transaction transaction(ctx.db);
     Recordset rs = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
     for (rs.moveFirst(); !rs.isEOF(); rs.moveNext()) {
-      if (rowOf(rs) != old) continue;
+      if (!sameCustomer(rowOf(rs), old)) continue;
       rs.setField(QStringLiteral("Nom"), now.Nom);
       rs.setField(QStringLiteral("Email"), now.Email);
       rs.setField(QStringLiteral("Remarque"), now.Remarque);
@@ -75,7 +75,7 @@ int Customer_Modify(const CustomerContext& ctx, const CustomerRow& old, const Cu
 int Customer_Merge_Update(Recordset& rs, const QString& nom, const QString& email, const QString& remark) {
   int changed = 0;
   for (rs.moveFirst(); !rs.isEOF(); rs.moveNext()) {
-    if (rs.field(QStringLiteral("Nom")).toString() != nom) continue;
+    if (!sameText(rs.field(QStringLiteral("Nom")).toString(), nom)) continue;
     rs.setField(QStringLiteral("Email"), email);
     rs.setField(QStringLiteral("Remarque"), remark);
     rs.update();
@@ -101,9 +101,9 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
   Recordset R_TB = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
   QHash<QString, QList<int>> positions;
   for (R_TB.moveFirst(); !R_TB.isEOF(); R_TB.moveNext())
-    positions[R_TB.field(QStringLiteral("Nom")).toString()] << R_TB.absolutePosition();
+    positions[sameTextKey(R_TB.field(QStringLiteral("Nom")).toString())] << R_TB.absolutePosition();
   auto writeRun = [&R_TB, &positions](const QString& nom, const QString& email, const QString& remark) {
-    for (int position : positions.value(nom)) {
+    for (int position : positions.value(sameTextKey(nom))) {
       R_TB.setAbsolutePosition(position);
       R_TB.setField(QStringLiteral("Email"), email);
       R_TB.setField(QStringLiteral("Remarque"), remark);
@@ -140,8 +140,9 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
   bool going = true;
   for (qsizetype i = 1; i < rows.size() && going; ++i) {
     const CustomerRow& row = rows[i];
-    const bool contradicts = !row.Email.isEmpty() && !run.head.Email.isEmpty() && row.Email != run.head.Email;
-    if (row.Nom != run.head.Nom || contradicts) {
+    const bool contradicts =
+        !row.Email.isEmpty() && !run.head.Email.isEmpty() && !sameText(row.Email, run.head.Email);
+    if (!sameText(row.Nom, run.head.Nom) || contradicts) {
       going = closeRun();
       startRun(row);
       continue;

@@ -16,14 +16,14 @@ class Recordset;
 // The lines of RQ_Customer or RQ_Agent (`queryName`), in the query's order.
 QList<CustomerRow> Dessin_Customer(const CustomerContext& ctx, const QString& queryName);
 
-// True when a line of the list in force bears `name`, compared in lower case.
+// True when a line of the list in force bears `name`, case aside.
 // Behind the booking dialogs' warning "You already have a customer ...".
 bool Customer_Search(const CustomerContext& ctx, const QString& queryName, const QString& name);
 // The warning to show when Customer_Search found the name.
 int customerSearchWarning(const QString& queryName);
 
 // Writes `now` on every booking row whose Nom, Email and Remarque equal `old`
-// (Null as ""). Returns the rows changed; none shows "The customer cannot be
+// (Null as "", case aside: the rows the list shows as that line). Returns the rows changed; none shows "The customer cannot be
 // found". All rows change or none.
 int Customer_Modify(const CustomerContext& ctx, const CustomerRow& old, const CustomerRow& now);
 
@@ -44,7 +44,7 @@ inline constexpr int kMaxRemark = 250;
 MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName, MergeChoice choice);
 
 // Writes `email` and `remark` on every row of `R_TB` (the Reservation table)
-// named `nom`. Returns the rows changed.
+// named `nom`, case aside. Returns the rows changed.
 int Customer_Merge_Update(Recordset& R_TB, const QString& nom, const QString& email, const QString& remark);
 
 // The export file for the list in force and the language of the texts.

@@ -120,6 +120,23 @@ TEST_F(BlackListTest, NamesAreStoredAndFoundWithoutTheirBlanks) {
   EXPECT_FALSE(customer.changed) << "a trailing blank is no change";
 }
 
+TEST_F(BlackListTest, ARowDifferingOnlyInCaseIsADuplicateButMayBeRecased) {
+  entry("Durand", "Did not pay");
+  auto p = presenter("DURAND", "did not pay");
+  p.Dessin_BlackList();
+  p.Add_Click();
+  EXPECT_EQ(messages.texts(), QStringList{"This customer name is already in the Black List"});
+  p.N_Add_BL = "durand";
+  p.R_Add_BL = "DID NOT PAY";
+  EXPECT_FALSE(p.BlackList_Add_Commun());
+  EXPECT_EQ(table(), QStringList{"Durand|Did not pay"});
+
+  messages.clear();
+  EXPECT_TRUE(p.BlackList_Modify({"Durand", "Did not pay"}, {"DURAND", "Did not pay"}));
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(table(), QStringList{"DURAND|Did not pay"});
+}
+
 TEST_F(BlackListTest, AddFromElsewhereAsksWithNoPreselected) {
   plan.addBlackList("Durand", "Did not pay");
   BlackListPresenter p(context(), list);

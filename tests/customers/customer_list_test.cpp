@@ -67,6 +67,15 @@ TEST_F(CustomerListTest, FromABookingSelectsTheNameAndCopiesTheLine) {
   EXPECT_EQ(unloaded, 1);
 }
 
+TEST_F(CustomerListTest, FromABookingSelectsTheNameWhateverItsCase) {
+  booking("Dr Arnaud", "", "");
+  booking("dr bellec", "b@x.fr", "");
+  CustomerListPresenter p(context());
+  CustomerCopyTarget target;
+  p.Customer_From_Reservation("Dr Bellec ", target);
+  EXPECT_EQ(p.selectedRow, 1);
+}
+
 TEST_F(CustomerListTest, ModifyWritesEveryBookingOfTheLineAndKeepsItSelected) {
   booking("Martin", "m@x.fr", "Late arrival");
   booking("Martin", "m@x.fr", "Late arrival");

@@ -2,6 +2,7 @@
 
 #include "support/customer_planning.h"
 #include "customers/customer_ops.h"
+#include "storage/recordset.h"
 
 using namespace ksv;
 
@@ -43,6 +44,30 @@ TEST_F(CustomerOps, ModifyChangesOnlyTheRowsOfTheSameLine) {
   EXPECT_EQ(bookings(), (QStringList{"Martin|new@x.fr|Quiet room", "Martin|m@x.fr|Late arrival",
                                      "Martin|new@x.fr|Quiet room", "Dubois|m@x.fr|Quiet room"}));
   EXPECT_TRUE(messages.shown().empty());
+}
+
+TEST_F(CustomerOps, OneLineOfTheListIsEveryRowOfItWhateverTheCase) {
+  booking("Mr Casse", "c@x.fr", "Quiet");
+  booking("MR CASSE", "C@X.FR", "quiet");
+  booking("Mr Cassé", "c@x.fr", "Quiet");
+  ASSERT_EQ(lines(Dessin_Customer(context(), kRQ_Customer)).size(), 2) << "the file shows the first two as one line";
+  EXPECT_EQ(Customer_Modify(context(), {"Mr Casse", "c@x.fr", "Quiet"}, {"Mr Casse", "new@x.fr", "Quiet"}), 2);
+  EXPECT_EQ(bookings(), (QStringList{"Mr Casse|new@x.fr|Quiet", "Mr Casse|new@x.fr|Quiet", "Mr Cassé|c@x.fr|Quiet"}));
+}
+
+TEST_F(CustomerOps, UnifyTakesNamesAndEmailsThatDifferInCaseAsOne) {
+  booking("Mr Casse", "c@x.fr", "Quiet");
+  booking("MR CASSE", "C@X.FR", "Sea view");
+  Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
+  const QStringList rows = bookings();
+  ASSERT_EQ(rows.size(), 2);
+  for (const QString& row : rows) {
+    const QStringList parts = row.split('|');
+    EXPECT_EQ(parts[1].toLower(), "c@x.fr");
+    EXPECT_EQ(parts[2].split("\r\n").size(), 2) << row.toStdString();
+  }
+  Recordset R_TB = Recordset::openTable(db, "Reservation");
+  EXPECT_EQ(Customer_Merge_Update(R_TB, "mr casse", "d@x.fr", "Gone"), 2);
 }
 
 TEST_F(CustomerOps, ModifyReadsNullAsEmptyAndEditsAGroupLeader) {
