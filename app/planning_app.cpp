@@ -5,6 +5,7 @@
 
 #include "board/board_dates.h"
 #include "board/board_drawing.h"
+#include "board/board_origin.h"
 #include "board/board_gestures.h"
 #include "board/screen_description.h"
 #include "board/ui/board_widget.h"
@@ -169,7 +170,9 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   const auto drawingKey = [&ini](const char* key) { return ini.GetValue(QLatin1String("ScreenDrawing"), QLatin1String(key)); };
   frame.Draw_Planning_Frame(screen, ScreenDrawing{drawingKey("DayNb"), drawingKey("PasH"), drawingKey("ResNb"),
                                                   drawingKey("PasV"), drawingKey("ResW"), drawingKey("LabE")});
-  const BoardDates dates = boardDates(options.boardOrigin, clock.today());
+  // Read by reference by the menus, the month strip and the gestures: each
+  // planning opened may move the origin back (planningOpened below).
+  BoardDates dates = boardDates(options.boardOrigin, clock.today());
   BoardDrawing drawing({frame, options, messages, texts, paths, regional, [&clock] { return clock.today(); }});
   drawing.setFirstDate(dates.FirstDate);
   auto* board = new BoardWidget(drawing, options, texts);
@@ -184,6 +187,12 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   view.attach(&session);
   session.firstRun = started.firstRun;
   session.Install_Example = [&] { return Install_Example(paths, clock, messages, texts); };
+  session.planningOpened = [&] {
+    dates = datesForOpenedPlanning(session.connection()->db(), ini, dates.FirstDate, clock.today());
+    drawing.setFirstDate(dates.FirstDate);
+    board->setDayRange(dates.hScrollMax(frame.DayNb()), dates.TodayOffset);
+    drawing.Dessin_JourMoisGrid();
+  };
   wireMenus(window, session, ini, view, messages, texts, clock, paths, *board, options, dates);
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);

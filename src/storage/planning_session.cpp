@@ -84,6 +84,8 @@ void PlanningSession::Open_Current() {
   if (!file.isEmpty() && QFileInfo::exists(file)) Open_DB();
   Show_Title();
   if (IsOpen) {
+    // The board's dates may move back to this planning's earliest arrival.
+    if (planningOpened) planningOpened();
     view_.scrollTo(0, view_.todayOffset());
     view_.Dessiner_Ecran();
     firstRun = false;

@@ -95,6 +95,7 @@ class PlanningSession {
   std::function<bool(const QString& file)> Converting = [](const QString&) { return true; };
   std::function<bool()> Install_Example;           // the example into the documents folder
   std::function<void()> resetReminder;             // the results' reset reminder
+  std::function<void()> planningOpened;            // before the first drawing of each planning opened
 
   // The first focus of the window, once: Caps Lock, the example, LastFile.
   // A planning `given` on the command line (a double click on a .ksv file)

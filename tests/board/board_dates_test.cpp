@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "board/board_dates.h"
+#include "board/board_origin.h"
+#include "config/ini_file.h"
+#include "support/test_planning.h"
 
 using namespace ksv;
 
@@ -59,4 +62,28 @@ TEST(BoardDateRange, VerticalRangeIsWhatLiesBeyondTheRows) {
   EXPECT_EQ(vScrollMax(40, 40), 0);
   EXPECT_EQ(vScrollMax(3, 40), 0);
   EXPECT_EQ(vScrollMax(0, 40), 0);
+}
+
+TEST(BoardOrigin, AnOpenedPlanningBringsItsPastOnTheBoard) {
+  test::TestPlanning planning(QDate(2025, 3, 10));
+  IniFile ini(planning.paths().iniFile());
+  const QDate origin(2025, 3, 10), today(2025, 3, 10);
+  // No booking: the origin stays and nothing is written.
+  BoardDates d = datesForOpenedPlanning(planning.db(), ini, origin, today);
+  EXPECT_EQ(d.FirstDate, origin);
+  EXPECT_EQ(ini.GetValue("Remember", "BoardOrigin"), "");
+
+  planning.addResource("101", 0, 1);
+  planning.addBooking("101", QDate(2025, 4, 1), QDate(2025, 4, 3), "Later");
+  planning.addBooking("101", QDate(2025, 1, 5), QDate(2025, 1, 9), "Past stay");
+  d = datesForOpenedPlanning(planning.db(), ini, origin, today);
+  EXPECT_EQ(d.FirstDate, QDate(2025, 1, 5));
+  EXPECT_EQ(d.TodayOffset, 64);
+  EXPECT_EQ(d.TotalDays, boardDates(QDate(2025, 1, 5), today).TotalDays);
+  EXPECT_EQ(ini.GetValue("Remember", "BoardOrigin"), "250105");
+
+  // An origin already further back stays there.
+  d = datesForOpenedPlanning(planning.db(), ini, QDate(2024, 12, 1), today);
+  EXPECT_EQ(d.FirstDate, QDate(2024, 12, 1));
+  EXPECT_EQ(ini.GetValue("Remember", "BoardOrigin"), "250105");
 }

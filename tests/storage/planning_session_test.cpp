@@ -230,6 +230,24 @@ TEST_F(Session, SwitchingModesReopens) {
   EXPECT_EQ(readLockFile(lockPathOf(path))->normalMode, -1);
 }
 
+TEST_F(Session, EveryOpeningLetsTheBoardFollowThePlanningBeforeItIsDrawn) {
+  const QString path = makePlanning("Hotel.ksv");
+  makePlanning("KestrovaneTry.ksv");
+  ini.SetValue("Remember", "LastFile", path);
+  auto s = session();
+  QList<int> drawsBefore;
+  s->planningOpened = [&] {
+    EXPECT_TRUE(s->IsOpen);
+    drawsBefore << view.draws;
+  };
+  s->firstFocus(false);
+  s->M_UpdateToConsult();
+  s->Install_Example = [] { return true; };
+  s->M_Example();
+  EXPECT_EQ(drawsBefore, (QList<int>{0, 1, 2}));
+  EXPECT_EQ(view.draws, 3);
+}
+
 TEST_F(Session, NewOffersThePrincipalQuestion) {
   auto s = session();
   view.saveAnswer = folders.document("Annexe");
