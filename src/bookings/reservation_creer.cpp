@@ -278,7 +278,7 @@ void ReservationCreerPresenter::Create_Click() {
   }
   if (!Flg_Search) {
     const QString query = optAgent ? kRQ_Agent : kRQ_Customer;
-    if (Customer_Search(ctx_.customers(), query, Nom) &&
+    if (Customer_Search(ctx_.customers(), Nom) &&
         m.askYesNo(t.get(customerSearchWarning(query)), MsgAnswer::Yes)) {
       fromList(optAgent);
       return;

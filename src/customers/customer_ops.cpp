@@ -1,8 +1,10 @@
 #include "customer_ops.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 
 #include "core/messages.h"
 #include "core/paths.h"
@@ -41,9 +43,11 @@ QList<CustomerRow> Dessin_Customer(const CustomerContext& ctx, const QString& qu
   return rows;
 }
 
-bool Customer_Search(const CustomerContext& ctx, const QString& queryName, const QString& name) {
+bool Customer_Search(const CustomerContext& ctx, const QString& name) {
   const QString wanted = name.trimmed();
-  Recordset rs = openList(ctx, queryName);
+  // Every booking, not the list in force: an agent's name typed for a
+  // customer, or the reverse, is worth the warning too.
+  Recordset rs = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
   for (rs.moveFirst(); !rs.isEOF(); rs.moveNext())
     if (sameText(rs.field(QStringLiteral("Nom")).toString(), wanted)) return true;
   return false;
@@ -84,6 +88,22 @@ int Customer_Merge_Update(Recordset& rs, const QString& nom, const QString& emai
   return changed;
 }
 
+namespace {
+
+// The remark grouped with one more: nothing when the grouped text already
+// holds it; otherwise it goes behind, and the pieces it holds go, so that
+// "Quiet" and "Quiet room" leave only "Quiet room".
+bool groupRemark(QString& grouped, const QString& remark) {
+  if (remark.isEmpty() || grouped.contains(remark)) return false;
+  QStringList pieces = grouped.isEmpty() ? QStringList() : grouped.split(QLatin1String("\r\n"));
+  pieces.removeIf([&remark](const QString& piece) { return !piece.isEmpty() && remark.contains(piece); });
+  pieces << remark;
+  grouped = pieces.join(QLatin1String("\r\n"));
+  return true;
+}
+
+}  // namespace
+
 MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName, MergeChoice choice) {
   MergeCounts counts;
   const QList<CustomerRow> rows = Dessin_Customer(ctx, queryName);
@@ -94,22 +114,9 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
     int rows = 0;
     bool gained = false;
   } run;
+  // What the walk will write, in order: a later run of a name stands.
+  QList<CustomerRow> writes;
 
-  Transaction transaction(ctx.db);
-  // One snapshot of the bookings for the whole walk, with the rows of each
-  // name found once: walking every booking for every run is quadratic.
-  Recordset R_TB = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
-  QHash<QString, QList<int>> positions;
-  for (R_TB.moveFirst(); !R_TB.isEOF(); R_TB.moveNext())
-    positions[sameTextKey(R_TB.field(QStringLiteral("Nom")).toString())] << R_TB.absolutePosition();
-  auto writeRun = [&R_TB, &positions](const QString& nom, const QString& email, const QString& remark) {
-    for (int position : positions.value(sameTextKey(nom))) {
-      R_TB.setAbsolutePosition(position);
-      R_TB.setField(QStringLiteral("Email"), email);
-      R_TB.setField(QStringLiteral("Remarque"), remark);
-      R_TB.update();
-    }
-  };
   // Returns false when the merge must stop.
   auto closeRun = [&]() -> bool {
     if (run.rows < 2 && !run.gained) return true;
@@ -128,7 +135,7 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
           break;
       }
     }
-    writeRun(run.head.Nom, run.head.Email, remark);
+    writes << CustomerRow{run.head.Nom, run.head.Email, remark};
     ++counts.updated;
     return true;
   };
@@ -152,13 +159,45 @@ MergeCounts Customer_Merge(const CustomerContext& ctx, const QString& queryName,
       run.head.Email = row.Email;
       run.gained = true;
     }
-    const QString remark = withoutTrailingBreaks(row.Remarque);
-    if (!remark.isEmpty() && !run.head.Remarque.contains(remark)) {
-      run.head.Remarque = run.head.Remarque.isEmpty() ? remark : run.head.Remarque + QLatin1String("\r\n") + remark;
-      run.gained = true;
-    }
+    if (groupRemark(run.head.Remarque, withoutTrailingBreaks(row.Remarque))) run.gained = true;
   }
   if (going) closeRun();
+
+  Transaction transaction(ctx.db);
+  // One snapshot of the bookings for the whole walk, with the rows of each
+  // name found once: walking every booking for every run is quadratic.
+  Recordset R_TB = Recordset::openTable(ctx.db, QStringLiteral("Reservation"));
+  QHash<QString, QList<int>> positions;
+  for (R_TB.moveFirst(); !R_TB.isEOF(); R_TB.moveNext())
+    positions[sameTextKey(R_TB.field(QStringLiteral("Nom")).toString())] << R_TB.absolutePosition();
+
+  // Unify rewrites the whole planning in one click: say what it will change
+  // and let the user stop there.
+  QHash<int, CustomerRow> after;
+  for (const CustomerRow& w : writes)
+    for (int position : positions.value(sameTextKey(w.Nom))) after.insert(position, w);
+  QSet<QString> customers;
+  int bookings = 0;
+  for (auto it = after.cbegin(); it != after.cend(); ++it) {
+    R_TB.setAbsolutePosition(it.key());
+    if (R_TB.field(QStringLiteral("Email")).toString() == it->Email &&
+        R_TB.field(QStringLiteral("Remarque")).toString() == it->Remarque)
+      continue;
+    ++bookings;
+    customers.insert(sameTextKey(it->Nom));
+  }
+  if (bookings > 0) {
+    const QString question = ctx.texts.withName(txt::MergeConfirmCustomers, QString::number(customers.size())) +
+                             ctx.texts.withName(txt::MergeConfirmBookings, QString::number(bookings));
+    if (!ctx.messages.askYesNo(question, MsgAnswer::No)) return MergeCounts{};
+  }
+
+  for (auto it = after.cbegin(); it != after.cend(); ++it) {
+    R_TB.setAbsolutePosition(it.key());
+    R_TB.setField(QStringLiteral("Email"), it->Email);
+    R_TB.setField(QStringLiteral("Remarque"), it->Remarque);
+    R_TB.update();
+  }
   transaction.commit();
 
   ctx.messages.information(ctx.texts.get(txt::MergeLeaveCount) + QString::number(counts.left));
@@ -180,10 +219,12 @@ QString customerExportLine(const CustomerRow& row) {
 }
 
 bool Customer_Export(const CustomerContext& ctx, const QString& queryName) {
-  const int announce = isAgents(queryName) ? txt::ExportAgentsAnnounce : txt::ExportCustomersAnnounce;
-  if (ctx.messages.show(ctx.texts.get(announce), MsgButtons::OkCancel, MsgIcon::Information) != MsgAnswer::Ok)
-    return false;
   const QString dir = ctx.paths.planningDir().isEmpty() ? QFileInfo(ctx.db.path()).absolutePath() : ctx.paths.planningDir();
+  // The announcement names the folder the file really goes to.
+  const int announce = isAgents(queryName) ? txt::ExportAgentsAnnounce : txt::ExportCustomersAnnounce;
+  if (ctx.messages.show(ctx.texts.withName(announce, QDir::toNativeSeparators(dir)), MsgButtons::OkCancel,
+                        MsgIcon::Information) != MsgAnswer::Ok)
+    return false;
   const QString path = dir + QLatin1Char('/') + customerExportFileName(queryName, ctx.texts);
   QByteArray bytes;
   for (const CustomerRow& row : Dessin_Customer(ctx, queryName))

@@ -16,9 +16,9 @@ class Recordset;
 // The lines of RQ_Customer or RQ_Agent (`queryName`), in the query's order.
 QList<CustomerRow> Dessin_Customer(const CustomerContext& ctx, const QString& queryName);
 
-// True when a line of the list in force bears `name`, case aside.
-// Behind the booking dialogs' warning "You already have a customer ...".
-bool Customer_Search(const CustomerContext& ctx, const QString& queryName, const QString& name);
+// True when a booking of any kind (R_TB) bears `name`, case aside. Behind
+// the booking dialogs' warning "You already have a customer ...".
+bool Customer_Search(const CustomerContext& ctx, const QString& name);
 // The warning to show when Customer_Search found the name.
 int customerSearchWarning(const QString& queryName);
 

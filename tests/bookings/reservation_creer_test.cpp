@@ -304,24 +304,31 @@ TEST_F(CreerTest, AKnownNameAsksUnlessItCameFromTheList) {
   EXPECT_EQ(rows().value(2), "dupont/102/2025-03-11/2025-03-18/0/C/0");
 }
 
-TEST_F(CreerTest, AnAgentNameIsLookedForAmongTheAgents) {
-  // A customer of that name is no agent: no question for an agent group.
+TEST_F(CreerTest, ANameIsLookedForAmongAllBookingsAndTheQuestionFollowsTheKind) {
+  // A customer of that name: an agent group named so is asked about too,
+  // with the agents' question.
   plan.addBooking("103", march(1), march(3), "Alpha Tours");
   ReservationCreerPresenter& p = open("101", march(11));
   p.Nom_Change("Alpha Tours");
   p.optAgent_Click();
+  messages.answer(MsgAnswer::No);
   p.Create_Click();
-  EXPECT_TRUE(messages.shown().empty());
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text,
+            "You already have an agent with the same name\r\nDo you want to consult the agents list ?");
   ASSERT_EQ(rows().size(), 3);
+  messages.clear();
 
-  // Now it heads an agent group: the agents' question.
+  // An agent's name typed for a customer: the customers' question.
+  plan.addBooking("103", march(5), march(6), "Beta Voyages");
+  plan.db().execute("UPDATE Reservation SET GroupId = 'A' WHERE Nom = 'Beta Voyages'");
   ReservationCreerPresenter& q = open("102", march(11));
-  q.Nom_Change("alpha tours");
-  q.optAgent_Click();
+  q.Nom_Change("beta voyages");
   messages.answer(MsgAnswer::No);
   q.Create_Click();
-  EXPECT_EQ(messages.texts(),
-            QStringList{"You already have an agent with the same name\r\nDo you want to consult the agents list ?"});
+  ASSERT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(messages.last().text,
+            "You already have a customer with the same name\r\nDo you want to consult the customers list ?");
   EXPECT_EQ(rows().size(), 5);
 }
 

@@ -133,10 +133,11 @@ TEST_F(CustomerListTest, UnifyRunsTheChosenMergeAndRefills) {
   p.showCustomMerge = [] { return std::optional<MergeChoice>(MergeChoice::Cut); };
   p.M_CustomerList_Click();
   ASSERT_EQ(p.visibleRows().size(), 2);
+  messages.answer(MsgAnswer::Yes);
   p.Unify_Click();
   EXPECT_EQ(p.visibleRows().size(), 1);
   EXPECT_EQ(p.visibleRows()[0].Email, "m@x.fr");
-  EXPECT_EQ(messages.texts().size(), 2);
+  EXPECT_EQ(messages.texts().size(), 3);
 }
 
 TEST_F(CustomerListTest, AddToBlackListHandsNameAndRemark) {

@@ -26,10 +26,11 @@ TEST_F(CustomerOps, ListsCustomersWithGroupLeadersAndAgentsApart) {
   EXPECT_EQ(lines(Dessin_Customer(context(), kRQ_Customer)),
             (QStringList{"Bernard||", "Club Alpin||", "Martin|m@x.fr|Quiet room"}));
   EXPECT_EQ(lines(Dessin_Customer(context(), kRQ_Agent)), QStringList{"Agence Sud||Tour operator"});
-  EXPECT_TRUE(Customer_Search(context(), kRQ_Customer, "MARTIN"));
-  EXPECT_FALSE(Customer_Search(context(), kRQ_Customer, "Agence Sud"));
-  EXPECT_TRUE(Customer_Search(context(), kRQ_Agent, "agence sud"));
-  EXPECT_FALSE(Customer_Search(context(), kRQ_Customer, "Mart"));
+  EXPECT_TRUE(Customer_Search(context(), "MARTIN"));
+  // Every booking counts, whichever list the dialog would open.
+  EXPECT_TRUE(Customer_Search(context(), "agence sud"));
+  EXPECT_TRUE(Customer_Search(context(), "Club Alpin "));
+  EXPECT_FALSE(Customer_Search(context(), "Mart"));
   EXPECT_EQ(texts.get(customerSearchWarning(kRQ_Agent)),
             "You already have an agent with the same name\r\nDo you want to consult the agents list ?");
 }
@@ -58,6 +59,7 @@ TEST_F(CustomerOps, OneLineOfTheListIsEveryRowOfItWhateverTheCase) {
 TEST_F(CustomerOps, UnifyTakesNamesAndEmailsThatDifferInCaseAsOne) {
   booking("Mr Casse", "c@x.fr", "Quiet");
   booking("MR CASSE", "C@X.FR", "Sea view");
+  messages.answer(MsgAnswer::Yes);
   Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
   const QStringList rows = bookings();
   ASSERT_EQ(rows.size(), 2);
@@ -98,6 +100,7 @@ TEST_F(CustomerOps, UnifyDropsARemarkAlreadyInTheGroupedText) {
   booking("Martin", QVariant(), "Quiet room");
   booking("Martin", "m@x.fr", "Late arrival");
   booking("Petit", "p@x.fr", "Alone");
+  messages.answer(MsgAnswer::Yes);
   const MergeCounts counts = Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
   EXPECT_EQ(counts.updated, 1);
   const QStringList rows = bookings();
@@ -109,12 +112,42 @@ TEST_F(CustomerOps, UnifyDropsARemarkAlreadyInTheGroupedText) {
     EXPECT_TRUE(pieces.contains("Quiet room") && pieces.contains("Late arrival"));
   }
   EXPECT_EQ(rows[3], "Petit|p@x.fr|Alone");
-  EXPECT_EQ(messages.texts(), (QStringList{"Don't group (number of times) : 0", "Cut the end (number of times) : 0"}));
+  EXPECT_EQ(messages.texts().mid(1), (QStringList{"Don't group (number of times) : 0", "Cut the end (number of times) : 0"}));
+}
+
+TEST_F(CustomerOps, UnifyKeepsTheLongerOfTwoRemarksWhereOneHoldsTheOther) {
+  booking("Martin", "m@x.fr", "Quiet");
+  booking("Martin", "m@x.fr", "Quiet room");
+  booking("Martin", "m@x.fr", "Sea view");
+  messages.answer(MsgAnswer::Yes);
+  Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
+  const QStringList pieces = bookings().first().split('|')[2].split("\r\n");
+  EXPECT_EQ(pieces.size(), 2) << pieces.join(" / ").toStdString();
+  EXPECT_TRUE(pieces.contains("Quiet room") && pieces.contains("Sea view"));
+}
+
+TEST_F(CustomerOps, UnifySaysWhatItWillChangeAndNoLeavesAll) {
+  booking("Martin", "m@x.fr", "Quiet");
+  booking("Martin", "m@x.fr", "Sea view");
+  booking("Martin", "m@x.fr", "Sea view");
+  booking("Petit", "", "A");
+  booking("Petit", "p@x.fr", "A");
+  booking("Zola", "z@x.fr", "Alone");
+  const QStringList original = bookings();
+  messages.answer(MsgAnswer::No);
+  EXPECT_EQ(Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave).updated, 0);
+  ASSERT_EQ(messages.shown().size(), 1u) << "no counts after No";
+  // Every Martin row and Petit's row without an e-mail: 2 customers, 4 bookings.
+  EXPECT_EQ(messages.last().text, "Unify will change the e-mail or the remark of 2 customers, on 4 bookings.\r\n\r\n"
+                                  "Do you want to continue ?");
+  EXPECT_EQ(messages.last().preselected, MsgAnswer::No);
+  EXPECT_EQ(bookings(), original);
 }
 
 TEST_F(CustomerOps, UnifyGivesAnEmailToTheRowsWithout) {
   booking("Martin", QVariant(), "Quiet room");
   booking("Martin", "m@x.fr", "Quiet room");
+  messages.answer(MsgAnswer::Yes);
   Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
   EXPECT_EQ(bookings(), (QStringList{"Martin|m@x.fr|Quiet room", "Martin|m@x.fr|Quiet room"}));
 }
@@ -128,6 +161,7 @@ TEST_F(CustomerOps, TwoRunsOfOneNameEndWithTheSecondRunOnAllTheirRows) {
   ASSERT_EQ(before.size(), 4);
   ASSERT_TRUE(before[0].Email == before[1].Email && before[2].Email == before[3].Email && before[1].Email != before[2].Email)
       << "the list is expected to keep the lines of one e-mail together";
+  messages.answer(MsgAnswer::Yes);
   Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
   const QString expected = "Martin|" + before[2].Email + "|" + before[2].Remarque + "\r\n" + before[3].Remarque;
   EXPECT_EQ(bookings(), (QStringList{expected, expected, expected, expected}));
@@ -140,12 +174,13 @@ TEST_F(CustomerOps, CutTrimsA251CharacterRemarkTo250AndCountsIt) {
   const QList<CustomerRow> before = Dessin_Customer(context(), kRQ_Customer);
   const QString grouped = before[0].Remarque + "\r\n" + before[1].Remarque;
   ASSERT_EQ(grouped.size(), 251);
+  messages.answer(MsgAnswer::Yes);
   const MergeCounts counts = Customer_Merge(context(), kRQ_Customer, MergeChoice::Cut);
   EXPECT_EQ(counts.cut, 1);
   EXPECT_EQ(counts.left, 0);
   const QString expected = "Martin|m@x.fr|" + grouped.left(250);
   EXPECT_EQ(bookings(), (QStringList{expected, expected}));
-  EXPECT_EQ(messages.texts(), (QStringList{"Don't group (number of times) : 0", "Cut the end (number of times) : 1"}));
+  EXPECT_EQ(messages.texts().mid(1), (QStringList{"Don't group (number of times) : 0", "Cut the end (number of times) : 1"}));
 }
 
 TEST_F(CustomerOps, LeaveKeepsALongRunAndStopEndsTheWalk) {
@@ -159,13 +194,14 @@ TEST_F(CustomerOps, LeaveKeepsALongRunAndStopEndsTheWalk) {
   EXPECT_EQ(bookings(), original) << "Stop must end before Zola's run";
 
   messages.clear();
+  messages.answer(MsgAnswer::Yes);
   const MergeCounts counts = Customer_Merge(context(), kRQ_Customer, MergeChoice::Leave);
   EXPECT_EQ(counts.left, 1);
   const QStringList rows = bookings();
   EXPECT_EQ(rows.mid(0, 2), original.mid(0, 2));
   EXPECT_TRUE(rows[2].startsWith("Zola|z@x.fr|"));
   EXPECT_EQ(rows[2], rows[3]);
-  EXPECT_EQ(messages.texts().first(), "Don't group (number of times) : 1");
+  EXPECT_EQ(messages.texts().value(1), "Don't group (number of times) : 1");
 }
 
 TEST_F(CustomerOps, UnifyOfASingleLineDoesNothing) {
@@ -182,7 +218,10 @@ TEST_F(CustomerOps, ExportWritesTheFileByteForByte) {
   messages.answer(MsgAnswer::Ok);
   ASSERT_TRUE(Customer_Export(context(), kRQ_Customer));
   EXPECT_EQ(messages.last().buttons, MsgButtons::OkCancel);
-  EXPECT_EQ(messages.last().text, texts.get(txt::ExportCustomersAnnounce));
+  // The box names the folder the file goes to, not a "current folder".
+  EXPECT_TRUE(messages.last().text.startsWith("The Customers will be exported in the file Ksv_Customers.txt\r\n\r\n"
+                                              "-  in the folder " + folder() + "\r\n"))
+      << messages.last().text.toStdString();
   EXPECT_TRUE(messages.last().text.contains("the character \"\\\"  as zone separator"));
   QFile file(folder() + "/Ksv_Customers.txt");
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
