@@ -1,6 +1,7 @@
 // The new-booking window driven through its widgets on a real plan.
 #include <gtest/gtest.h>
 
+#include <QPlainTextEdit>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -15,6 +16,7 @@
 #include "bookings/reservation_creer.h"
 #include "bookings/ui/reservation_creer_dialog.h"
 #include "bookings/ui/trous_dialog.h"
+#include "customers/ui/remark_edit.h"
 #include "support/booking_session.h"
 
 using namespace ksv;
@@ -65,6 +67,8 @@ TEST_F(CreerDialogTest, FilledThroughItsWidgetsCreateWritesTheRow) {
   p.Form_Load();
   ReservationCreerDialog dialog(p, texts);
   dialog.show();
+  for (QPlainTextEdit* box : dialog.findChildren<QPlainTextEdit*>())
+    EXPECT_NE(qobject_cast<RemarkEdit*>(box), nullptr) << "a remark box that lets a long remark be cut";
 
   EXPECT_EQ(child<QLineEdit>(dialog, "NB_Jour")->text(), "7");
   EXPECT_EQ(child<QLineEdit>(dialog, "NbAvailable")->text(), "2");

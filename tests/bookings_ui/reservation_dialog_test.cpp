@@ -2,6 +2,7 @@
 // widgets reach the row, and closing the window asks like Annuler.
 #include "bookings/ui/reservation_dialog.h"
 
+#include <QPlainTextEdit>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@
 #include "board/ui/calendar_view.h"
 #include "support/booking_session.h"
 #include "bookings/ui/reservation_split_dialog.h"
+#include "customers/ui/remark_edit.h"
 
 using namespace ksv;
 using namespace ksv::test;
@@ -47,6 +49,8 @@ TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
   const qint64 id = plan.addBooking("Room 1", march(10), march(12), "Durand");
   click(id);
   whenShown([](QWidget& d) {
+  for (QPlainTextEdit* box : d.findChildren<QPlainTextEdit*>())
+    EXPECT_NE(qobject_cast<RemarkEdit*>(box), nullptr) << "a remark box that lets a long remark be cut";
     auto* nom = d.findChild<QLineEdit*>("Nom");
     ASSERT_NE(nom, nullptr);
     EXPECT_EQ(nom->text(), "Durand");
@@ -91,6 +95,8 @@ TEST_F(ReservationDialogTest, TheGroupButtonOfTheSplitWindowAsksForTheGroup) {
   const qint64 part2 = plan.addBooking("Suite", march(12), march(15), "Durand", {{"Split", "2"}, {"GroupNb", 3}});
   click(part2);
   whenShown([](QWidget& d) {
+  for (QPlainTextEdit* box : d.findChildren<QPlainTextEdit*>())
+    EXPECT_NE(qobject_cast<RemarkEdit*>(box), nullptr) << "a remark box that lets a long remark be cut";
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour1")->text(), "2");
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour2")->text(), "3");
     auto* group = d.findChild<QPushButton*>("cmdGroup");

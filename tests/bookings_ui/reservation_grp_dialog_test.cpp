@@ -1,11 +1,13 @@
 // The group dialog's widgets bound to its presenter.
 #include "bookings/ui/reservation_grp_dialog.h"
 
+#include <QPlainTextEdit>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "customers/ui/remark_edit.h"
 #include "support/booking_session.h"
 
 using namespace ksv;
@@ -22,6 +24,8 @@ TEST_F(ReservationGrpDialogTest, ShowsTheGroupAndItsCandidates) {
   ReservationGrpPresenter& g = open(whole);
   ReservationGrpDialog dialog(g, ctx());
   dialog.refresh();
+  for (QPlainTextEdit* box : dialog.findChildren<QPlainTextEdit*>())
+    EXPECT_NE(qobject_cast<RemarkEdit*>(box), nullptr) << "a remark box that lets a long remark be cut";
   EXPECT_EQ(dialog.Nom->text(), "Agence Sud");
   EXPECT_EQ(dialog.Customer->currentText(), "Bernard");
   ASSERT_EQ(dialog.cboPossible->count(), 1);

@@ -11,6 +11,7 @@
 #include "board/ui/board_colors.h"
 #include "board/ui/calendar_view.h"
 #include "core/texts.h"
+#include "customers/ui/remark_edit.h"
 #include "customers/ui/remark_text.h"
 
 namespace ksv {
@@ -98,7 +99,7 @@ CustomerFields::CustomerFields(BookingEditForm& form, const Texts& texts, QWidge
   HowMany_ = new QSpinBox(this);
   HowMany_->setObjectName(QStringLiteral("HowMany"));
   HowMany_->setRange(0, 32767);
-  Remarque_ = new QPlainTextEdit(this);
+  Remarque_ = new RemarkEdit(this);
   Remarque_->setObjectName(QStringLiteral("Remarque"));
   Remarque_->setMaximumHeight(80);
   InvNb_ = new QLineEdit(this);

@@ -18,6 +18,7 @@
 #include "booking_widgets.h"
 #include "bookings/reservation_creer.h"
 #include "core/texts.h"
+#include "customers/ui/remark_edit.h"
 #include "customers/ui/remark_text.h"
 #include "trous_dialog.h"
 
@@ -130,7 +131,7 @@ ReservationCreerDialog::ReservationCreerDialog(ReservationCreerPresenter& presen
   howMany_->setObjectName(QStringLiteral("HowMany"));
   howMany_->setMaxLength(5);
   connect(howMany_, &QLineEdit::textEdited, this, [this](const QString& text) { p_.HowMany_Change(text); });
-  remarque_ = new QPlainTextEdit(this);
+  remarque_ = new RemarkEdit(this);
   remarque_->setObjectName(QStringLiteral("Remarque"));
   connect(remarque_, &QPlainTextEdit::textChanged, this, [this] {
     if (!showing_) p_.Remarque_Change(remarkFromEdit(remarque_->toPlainText()));

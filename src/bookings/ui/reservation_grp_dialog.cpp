@@ -23,6 +23,7 @@
 #include "bookings/booking_form.h"
 #include "core/day_date.h"
 #include "core/texts.h"
+#include "customers/ui/remark_edit.h"
 #include "customers/ui/remark_text.h"
 
 namespace ksv {
@@ -72,7 +73,7 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   Email->setMaxLength(40);
   HowMany = new QSpinBox(this);
   HowMany->setRange(0, 32767);
-  Remarque = new QPlainTextEdit(this);
+  Remarque = new RemarkEdit(this);
   Remarque->setMaximumHeight(60);
   InvNb = readOnly(this);
   Bloc = new QCheckBox(header[9], this);
@@ -142,7 +143,7 @@ ReservationGrpDialog::ReservationGrpDialog(ReservationGrpPresenter& presenter, c
   DtFrom = readOnly(this);
   DtTo = readOnly(this);
   Days = readOnly(this);
-  Remark = new QPlainTextEdit(this);
+  Remark = new RemarkEdit(this);
   Remark->setMaximumHeight(50);
   ResourceS = readOnly(this);
   DtFromS = readOnly(this);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/texts.h"
+#include "customers/ui/remark_edit.h"
 #include "remark_text.h"
 
 namespace ksv {
@@ -18,7 +19,7 @@ BlackListUpdateDialog::BlackListUpdateDialog(BlackListUpdatePresenter& presenter
   Nom = new QLineEdit(presenter_.Nom, this);
   Nom->setMaxLength(25);
   Nom->setReadOnly(presenter_.readOnly());
-  Remark = new QPlainTextEdit(remarkForEdit(presenter_.Remark), this);
+  Remark = new RemarkEdit(remarkForEdit(presenter_.Remark), this);
   Remark->setReadOnly(presenter_.readOnly());
   Remark->setMinimumWidth(380);
   OK = new QPushButton(presenter_.okCaption(), this);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/texts.h"
+#include "customers/ui/remark_edit.h"
 #include "remark_text.h"
 
 namespace ksv {
@@ -20,7 +21,7 @@ CustomerUpdateDialog::CustomerUpdateDialog(CustomerUpdatePresenter& presenter, c
   Nom->setMaxLength(25);
   Email = new QLineEdit(presenter_.Email, this);
   Email->setMaxLength(40);
-  Remark = new QPlainTextEdit(remarkForEdit(presenter_.Remark), this);
+  Remark = new RemarkEdit(remarkForEdit(presenter_.Remark), this);
   Remark->setMinimumWidth(380);
   OK = new QPushButton(presenter_.okCaption(), this);
   Cancel = new QPushButton(texts.get(txt::ButtonCancel), this);
