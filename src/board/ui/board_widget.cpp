@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "board_colors.h"
 #include "core/texts.h"
@@ -190,6 +191,29 @@ void BoardWidget::hideInfoJour() {
   update();
 }
 
+QString BoardWidget::toolTipAt(QPoint p) const {
+  // Under the availability view the names and labels are hidden.
+  if (drawing_.availabilityChecked) return {};
+  const BoardFrame& f = drawing_.frame();
+  for (int i = 0; i < f.ResNb() && i < int(drawing_.Res_Lib.size()); ++i)
+    if (pixels(f.Res_Lib(i)).contains(p)) return drawing_.Res_Lib[std::size_t(i)].toolTip;
+  const int label = labelAt(p);
+  return label >= 0 ? drawing_.Lab[std::size_t(label)].toolTip : QString();
+}
+
+bool BoardWidget::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const QString text = toolTipAt(help->pos());
+  if (text.isEmpty()) {
+    QToolTip::hideText();
+    event->ignore();
+  } else {
+    QToolTip::showText(help->globalPos(), text, this);
+  }
+  return true;
+}
+
 int BoardWidget::labelAt(QPoint p) const {
   const std::vector<int> order = drawing_.labelPaintOrder();
   for (auto it = order.rbegin(); it != order.rend(); ++it) {
@@ -217,6 +241,9 @@ void BoardWidget::mousePressEvent(QMouseEvent* event) {
       return;
     }
   }
+  // The availability view covers the resource names and the bookings: a press
+  // there must not reach the room or the booking hidden underneath.
+  if (drawing_.availabilityChecked) return;
   for (int i = 0; i < f.ResNb(); ++i) {
     if (pixels(f.Res_Lib(i)).contains(p)) {
       if (event->button() == Qt::LeftButton) {

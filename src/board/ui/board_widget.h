@@ -73,6 +73,9 @@ class BoardWidget : public QWidget {
 
   int twipsPerPixel() const { return tpp_; }
   QRect pixels(const TwipRect& r) const;
+  // The tooltip of the label or resource heading under `p`: labels are often
+  // cut short, and their split and group marks with them. Empty elsewhere.
+  QString toolTipAt(QPoint p) const;
 
  signals:
   void dayPressed(int column, Qt::MouseButton button, QPoint globalPos);
@@ -91,6 +94,7 @@ class BoardWidget : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void HScroll_Change(int value);
