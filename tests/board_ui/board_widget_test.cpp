@@ -71,15 +71,15 @@ TEST_F(BoardWidgetTest, TheMonthStripAndTheLabelsAnswerPresses) {
 
 TEST_F(BoardWidgetTest, UnderTheAvailabilityViewThePressesReachNothingHidden) {
   planning_.addResource("Room 1", 0, 1);
-  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 4), "Durand", 1);
-  drawing_.setSession(&planning_.objects());
-  BoardWidget board(drawing_, options_, texts_);
+  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 4), "Durand", {{"Couleur", 1}});
+  board_.setSession(&planning_.objects());
+  BoardWidget board(board_, options_, texts_);
   board.resize(1024, 600);
   board.setDayRange(300, 9);
   board.scrollTo(0, 0);
   board.Dessiner_Ecran();
-  ASSERT_EQ(drawing_.LabCount, 1);
-  drawing_.availabilityChecked = true;
+  ASSERT_EQ(board_.LabCount, 1);
+  board_.availabilityChecked = true;
 
   int resources = 0, labels = 0, days = 0;
   QObject::connect(&board, &BoardWidget::resourcePressed, [&](int, Qt::MouseButton, QPoint) { ++resources; });
@@ -94,14 +94,14 @@ TEST_F(BoardWidgetTest, UnderTheAvailabilityViewThePressesReachNothingHidden) {
     QApplication::sendEvent(&board, &up);
   };
   press(board.pixels(frame_.Res_Lib(0)).center());
-  press(board.pixels(drawing_.Lab[0].rect).center());
+  press(board.pixels(board_.Lab[0].rect).center());
   EXPECT_EQ(resources, 0) << "a category line opened the menu of the room under it";
   EXPECT_EQ(labels, 0) << "a count opened the booking under it";
   // The day headings stay in sight and keep answering.
   press(board.pixels(frame_.Jour(2)).center());
   EXPECT_EQ(days, 1);
 
-  drawing_.availabilityChecked = false;
+  board_.availabilityChecked = false;
   press(board.pixels(frame_.Res_Lib(0)).center());
   EXPECT_EQ(resources, 1);
 }
@@ -109,22 +109,23 @@ TEST_F(BoardWidgetTest, UnderTheAvailabilityViewThePressesReachNothingHidden) {
 TEST_F(BoardWidgetTest, HoveringALabelOrAResourceShowsItsWholeText) {
   planning_.addResource("Room 1", 0, 1);
   // One night in a narrow column: the label cannot hold the name.
-  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 3), "Mr Arnaud-Delacroix", 1, "1", 4);
-  drawing_.setSession(&planning_.objects());
-  BoardWidget board(drawing_, options_, texts_);
+  planning_.addBooking("Room 1", QDate(2025, 3, 2), QDate(2025, 3, 3), "Mr Arnaud-Delacroix",
+                        {{"Couleur", 1}, {"Split", "1"}, {"GroupNb", 4}});
+  board_.setSession(&planning_.objects());
+  BoardWidget board(board_, options_, texts_);
   board.resize(1024, 600);
   board.setDayRange(300, 9);
   board.scrollTo(0, 0);
   board.Dessiner_Ecran();
   board.show();
-  ASSERT_EQ(drawing_.LabCount, 1);
+  ASSERT_EQ(board_.LabCount, 1);
 
   auto hover = [&board](QPoint p) {
     QHelpEvent help(QEvent::ToolTip, p, board.mapToGlobal(p));
     QApplication::sendEvent(&board, &help);
     return QToolTip::isVisible() ? QToolTip::text() : QString();
   };
-  EXPECT_EQ(hover(board.pixels(drawing_.Lab[0].rect).center()), "Mr Arnaud-Delacroix#\u00A4");
+  EXPECT_EQ(hover(board.pixels(board_.Lab[0].rect).center()), "Mr Arnaud-Delacroix#\u00A4");
   EXPECT_EQ(hover(board.pixels(frame_.Res_Lib(0)).center()), "Room 1");
   EXPECT_EQ(board.toolTipAt(board.pixels(frame_.Mois(5)).center()), "");
 }

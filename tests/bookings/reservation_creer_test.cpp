@@ -245,7 +245,7 @@ TEST_F(CreerTest, BlackListAnsweredNoClosesAndLosesTheData) {
 }
 
 TEST_F(CreerTest, ABlankAroundTheNameDoesNotSlipPastTheBlackList) {
-  blackList("Mme Hélène Dupré", "Left without paying");
+  plan.addBlackList("Mme Hélène Dupré", "Left without paying");
   ReservationCreerPresenter& p = open("101", march(11));
   p.Nom_Change(" Mme Hélène Dupré ");
   // Enter takes the preselected button: it must be No.

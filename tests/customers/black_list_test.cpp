@@ -102,7 +102,7 @@ TEST_F(BlackListTest, AnEmptyNameIsRefusedAndTheDialogStaysOpen) {
 }
 
 TEST_F(BlackListTest, NamesAreStoredAndFoundWithoutTheirBlanks) {
-  entry("Dupré ", "Old row typed with a blank");
+  plan.addBlackList("Dupré ", "Old row typed with a blank");
   QString remark;
   EXPECT_TRUE(Search_BlackList(list, " dupré", remark));
   EXPECT_EQ(remark, "Old row typed with a blank");
@@ -121,7 +121,7 @@ TEST_F(BlackListTest, NamesAreStoredAndFoundWithoutTheirBlanks) {
 }
 
 TEST_F(BlackListTest, ARowDifferingOnlyInCaseIsADuplicateButMayBeRecased) {
-  entry("Durand", "Did not pay");
+  plan.addBlackList("Durand", "Did not pay");
   auto p = presenter("DURAND", "did not pay");
   p.Dessin_BlackList();
   p.Add_Click();

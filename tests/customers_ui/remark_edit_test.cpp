@@ -7,7 +7,7 @@
 #include <QPlainTextEdit>
 
 #include "customers/black_list.h"
-#include "customers/customer_planning.h"
+#include "support/customer_planning.h"
 #include "customers/customer_update.h"
 #include "customers/ui/black_list_update_dialog.h"
 #include "customers/ui/customer_update_dialog.h"
