@@ -32,13 +32,22 @@ const QLatin1String kTemporarySuffix(".tmp");
 
 }  // namespace
 
-bool lockRange(int fd, short type, off_t start, off_t len, bool wait) {
+namespace {
+
+struct flock rangeOf(short type, off_t start, off_t len) {
   struct flock fl;
   std::memset(&fl, 0, sizeof fl);
   fl.l_type = type;
   fl.l_whence = SEEK_SET;
   fl.l_start = start;
   fl.l_len = len;
+  return fl;
+}
+
+}  // namespace
+
+bool lockRange(int fd, short type, off_t start, off_t len, bool wait) {
+  struct flock fl = rangeOf(type, start, len);
   for (;;) {
     if (fcntl(fd, wait ? F_OFD_SETLKW : F_OFD_SETLK, &fl) == 0) return true;
     if (errno != EINTR) return false;
@@ -48,12 +57,7 @@ bool lockRange(int fd, short type, off_t start, off_t len, bool wait) {
 void unlockRange(int fd, off_t start, off_t len) { lockRange(fd, F_UNLCK, start, len, false); }
 
 bool isLockedByOther(int fd, off_t start, off_t len) {
-  struct flock fl;
-  std::memset(&fl, 0, sizeof fl);
-  fl.l_type = F_WRLCK;
-  fl.l_whence = SEEK_SET;
-  fl.l_start = start;
-  fl.l_len = len;
+  struct flock fl = rangeOf(F_WRLCK, start, len);
   if (fcntl(fd, F_OFD_GETLK, &fl) != 0) return false;
   return fl.l_type != F_UNLCK;
 }
