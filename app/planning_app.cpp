@@ -144,11 +144,7 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   // First run: the screen, and a warning when it is not one the board was drawn for.
   ScreenDescription screen;
   if (started.firstRun) {
-    EcranDialog(screen, texts).exec();
-    if (!isDesignedScreen(screen)) {
-      messages.information(texts.get(txt::UnusualScreen));
-      EcranDialog(screen, texts).exec();
-    }
+    firstRunScreen(screen, [&texts](ScreenDescription& s) { EcranDialog(s, texts).exec(); }, messages, texts);
   } else {
     EcranDialog::readActualScreen(screen);
   }
