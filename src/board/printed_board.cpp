@@ -37,8 +37,8 @@ QList<PrintedList> printedBoard(SessionObjects& objects, QDate from, QDate to, c
   std::map<QString, QList<Stay>> stays;
   Recordset& rs = objects.Reservation;
   rs.requery();
+  // Group header rows hold no room, so they never reach a line.
   for (rs.moveFirst(); !rs.isEOF(); rs.moveNext()) {
-    if (rs.field(QStringLiteral("GroupId")).toString() != QLatin1String("C")) continue;
     const Stay stay{dayOf(rs.field(QStringLiteral("Date_Deb"))), dayOf(rs.field(QStringLiteral("Date_Fin"))),
                     BoardDrawing::labelText(rs)};
     if (stay.first > to || stay.last <= from) continue;
