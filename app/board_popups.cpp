@@ -16,8 +16,13 @@
 
 namespace ksv {
 
-void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSession& session, const Texts& texts,
-                             int row) {
+ResourcePlanning resourcePlanning(PlanningSession& session) {
+  if (!session.IsOpen || !session.normalMode()) return {};
+  return {true, &session.connection()->db(), &session.objects(), &session.clock()};
+}
+
+void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, const ResourcePlanning& planning,
+                             const Texts& texts, int row) {
   const BoardDrawing& d = board.drawing();
   r.VPos = d.VPos;
   if (row >= 0) {
@@ -25,7 +30,7 @@ void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSe
     r.SelResource = d.Res_Lib[std::size_t(row)].text;
   }
   if (!r.SelResource.isEmpty()) {
-    Recordset& rs = session.objects().RQ_Resource;
+    Recordset& rs = planning.objects->RQ_Resource;
     rs.requery();
     rs.setAbsolutePosition(row + d.VPos + 1);
     r.ResColor = rs.field(QStringLiteral("Color")).toInt();
@@ -33,9 +38,36 @@ void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSe
   }
   r.showDialog = [&texts, &board](ResourcePresenter& p) { ResourceDialog::show(p, texts, &board); };
   r.Redraw = [&board](const QString& what) { board.Redraw(what); };
-  r.clearInvoiceLink = [&session](const QString& SelInvNb) {
-    DeleteInvoice(session.connection()->db(), session.clock(), SelInvNb);
+  r.clearInvoiceLink = [db = planning.db, clock = planning.clock](const QString& SelInvNb) {
+    DeleteInvoice(*db, *clock, SelInvNb);
   };
+}
+
+void prepareResourceCommands(ResourceCommands& r, BoardWidget& board, PlanningSession& session, const Texts& texts,
+                             int row) {
+  const ResourcePlanning planning{true, &session.connection()->db(), &session.objects(), &session.clock()};
+  prepareResourceCommands(r, board, planning, texts, row);
+}
+
+void wireResourcePopup(BoardWidget& board, std::function<ResourcePlanning()> planning, const LoadedOptions& options,
+                       Messages& messages, const Texts& texts) {
+  QObject::connect(&board, &BoardWidget::resourcePressed, &board,
+                   [&board, planning = std::move(planning), &options, &messages, &texts](int row, Qt::MouseButton button,
+                                                                                       QPoint global) {
+    const ResourcePlanning p = planning();
+    if (button != Qt::RightButton || !p.open) return;
+    ResourceCommands r(*p.db, *p.objects, options, messages, texts);
+    prepareResourceCommands(r, board, p, texts, row);
+    const bool filled = !r.SelResource.isEmpty();
+    QMenu R_Resource(&board);
+    R_Resource.setObjectName(QStringLiteral("R_Resource"));
+    R_Resource.addAction(texts.get(txt::PopupAdd), [&r] { r.R_Add_Click(); });
+    R_Resource.addAction(texts.get(txt::PopupModify), [&r] { r.R_Modify_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupDelete), [&r] { r.R_Delete_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupUp), [&r] { r.R_Up_Click(); })->setEnabled(filled);
+    R_Resource.addAction(texts.get(txt::PopupDown), [&r] { r.R_Down_Click(); })->setEnabled(filled);
+    R_Resource.exec(global);
+  });
 }
 
 void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedOptions& options, Messages& messages,
@@ -67,20 +99,7 @@ void wireBoardPopups(BoardWidget& board, PlanningSession& session, const LoadedO
     }
   });
 
-  QObject::connect(&board, &BoardWidget::resourcePressed, &board,
-                   [&board, &session, &options, &messages, &texts](int row, Qt::MouseButton button, QPoint global) {
-    if (button != Qt::RightButton || !session.IsOpen || !session.normalMode()) return;
-    ResourceCommands r(session.connection()->db(), session.objects(), options, messages, texts);
-    prepareResourceCommands(r, board, session, texts, row);
-    const bool filled = !r.SelResource.isEmpty();
-    QMenu R_Resource(&board);
-    R_Resource.addAction(texts.get(txt::PopupAdd), [&r] { r.R_Add_Click(); });
-    R_Resource.addAction(texts.get(txt::PopupModify), [&r] { r.R_Modify_Click(); })->setEnabled(filled);
-    R_Resource.addAction(texts.get(txt::PopupDelete), [&r] { r.R_Delete_Click(); })->setEnabled(filled);
-    R_Resource.addAction(texts.get(txt::PopupUp), [&r] { r.R_Up_Click(); })->setEnabled(filled);
-    R_Resource.addAction(texts.get(txt::PopupDown), [&r] { r.R_Down_Click(); })->setEnabled(filled);
-    R_Resource.exec(global);
-  });
+  wireResourcePopup(board, [&session] { return resourcePlanning(session); }, options, messages, texts);
 }
 
 void wireMonthStrip(BoardWidget& board, const BoardDates& dates, const Clock& clock, const ScreenDescription& screen,

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPalette>
@@ -56,6 +57,7 @@ void MainWindow::applyMenus() {
   }
   for (const auto& [name, a] : actions_) {
     const MenuEntry* e = menus_.find(name);
+    a->setShortcut(QKeySequence(e->shortcut, QKeySequence::PortableText));
     a->setVisible(e->visible);
     a->setEnabled(e->enabled && handlers_.count(name) > 0);
     a->setChecked(e->checked);

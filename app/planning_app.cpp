@@ -8,7 +8,9 @@
 #include "board/board_origin.h"
 #include "board/board_gestures.h"
 #include "board/screen_description.h"
+#include "board/ui/board_printing.h"
 #include "board/ui/board_widget.h"
+#include "about_box.h"
 #include "board_gestures.h"
 #include "board_popups.h"
 #include "bookings/availability.h"
@@ -144,11 +146,7 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
   // First run: the screen, and a warning when it is not one the board was drawn for.
   ScreenDescription screen;
   if (started.firstRun) {
-    EcranDialog(screen, texts).exec();
-    if (!isDesignedScreen(screen)) {
-      messages.information(texts.get(txt::UnusualScreen));
-      EcranDialog(screen, texts).exec();
-    }
+    firstRunScreen(screen, [&texts](ScreenDescription& s) { EcranDialog(s, texts).exec(); }, messages, texts);
   } else {
     EcranDialog::readActualScreen(screen);
   }
@@ -194,6 +192,12 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
     drawing.Dessin_JourMoisGrid();
   };
   wireMenus(window, session, ini, view, messages, texts, clock, paths, *board, options, dates);
+  window.setHandler(QStringLiteral("M_Print"), [&] {
+    if (session.IsOpen)
+      M_Print(session.objects(), drawing.ViewFirst(), drawing.ViewLast(), texts, regional, messages, &window);
+  });
+  window.setHandler(QStringLiteral("M_About"),
+                    [&] { M_About(&window, texts, QStringLiteral(KSV_VERSION_TEXT), session); });
   window.onClose = [&session] { session.Form_Unload(); };
   wireBoardPopups(*board, session, options, messages, texts);
   wireMonthStrip(*board, dates, clock, screen, texts);

@@ -265,6 +265,14 @@ void BoardDrawing::Dessiner_Ecran() {
   drawing = false;
 }
 
+QString BoardDrawing::labelText(const Recordset& row) {
+  QString text = row.field(QStringLiteral("Nom")).toString();
+  const QString split = row.field(QStringLiteral("Split")).toString();
+  if (split == QLatin1String("1") || split == QLatin1String("2")) text += QLatin1Char('#');
+  if (row.field(QStringLiteral("GroupNb")).toInt() != 0) text += QChar(0x00A4);
+  return text;
+}
+
 void BoardDrawing::addLabel(const Recordset& row, int& z) {
   const BoardFrame& f = frame();
   const LoadedOptions& o = ctx_.options;
@@ -295,10 +303,7 @@ void BoardDrawing::addLabel(const Recordset& row, int& z) {
   label.back = at(o.BookingBack, couleur, o.BookingBack[5]);
   label.fore = at(o.BookingFore, couleur, o.BookingFore[5]);
 
-  const QString split = row.field(QStringLiteral("Split")).toString();
-  label.text = name;
-  if (split == QLatin1String("1") || split == QLatin1String("2")) label.text += QLatin1Char('#');
-  if (row.field(QStringLiteral("GroupNb")).toInt() != 0) label.text += QChar(0x00A4);
+  label.text = labelText(row);
   label.toolTip = label.text;
 
   if (!(first < last)) {

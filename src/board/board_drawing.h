@@ -135,6 +135,8 @@ class BoardDrawing {
   std::vector<int> labelPaintOrder() const;
   // The stored colour of a day cell: background and text for Color 1 to 4.
   static bool dayColorPair(int color, Colour& back, Colour& fore);
+  // A booking's label: its name, '#' for a split part, '¤' for a group member.
+  static QString labelText(const Recordset& row);
   // Gives one day cell the parity pair of RestoreDayColor.
   void restoreDayCell(int column);
 

@@ -170,6 +170,9 @@ void ResourceCommands::R_Delete_Click() {
 }
 
 void ResourceCommands::move(int by) {
+  // A step of 3 passes exactly one neighbour only over odd numbers, which a
+  // planning made elsewhere (the example's 1, 2, 3) may not have yet.
+  Re_Order_RR();
   if (!moveToPressed()) return;
   Recordset& rs = objects_.RQ_Resource;
   rs.setField(QStringLiteral("Order"), rs.field(QStringLiteral("Order")).toInt() + by);

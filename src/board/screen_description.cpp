@@ -1,5 +1,7 @@
 #include "screen_description.h"
 
+#include "core/messages.h"
+
 namespace ksv {
 
 void readScreen(const ScreenFacts& facts, ScreenDescription& screen) {
@@ -23,6 +25,14 @@ bool isDesignedScreen(const ScreenDescription& screen) {
                          (screen.ScreenW == 1024 && screen.ScreenH == 768) ||
                          (screen.ScreenW == 1280 && screen.ScreenH == 1024);
   return knownScale && knownSize;
+}
+
+void firstRunScreen(ScreenDescription& screen, const std::function<void(ScreenDescription&)>& showEcran,
+                    Messages& messages, const Texts& texts) {
+  showEcran(screen);
+  if (isDesignedScreen(screen)) return;
+  messages.information(texts.get(txt::UnusualScreen));
+  showEcran(screen);
 }
 
 EcranTexts ecranTexts(const ScreenDescription& screen, const Texts& texts) {

@@ -2,12 +2,16 @@
 // The screen as the board knows it: size, colour class and font scale, read
 // once at start from plain facts that the Ecran dialog gathers from the display.
 
+#include <functional>
+
 #include <QChar>
 #include <QString>
 
 #include "core/texts.h"
 
 namespace ksv {
+
+class Messages;
 
 // What the display reports; the Ecran dialog fills it from the real screen.
 struct ScreenFacts {
@@ -35,6 +39,12 @@ void readScreen(const ScreenFacts& facts, ScreenDescription& screen);
 // True for 800 x 600, 1024 x 768 and 1280 x 1024 with either font scale; any
 // other screen earns the first-run warning.
 bool isDesignedScreen(const ScreenDescription& screen);
+
+// The screen step of a first run: `showEcran` reads the screen into `screen`
+// and shows the Ecran dialog. Only a screen the board was not drawn for earns
+// the warning and a second showing.
+void firstRunScreen(ScreenDescription& screen, const std::function<void(ScreenDescription&)>& showEcran,
+                    Messages& messages, const Texts& texts);
 
 // The lines of the Ecran dialog, in the current language.
 struct EcranTexts {

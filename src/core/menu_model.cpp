@@ -1,5 +1,7 @@
 #include "menu_model.h"
 
+#include <utility>
+
 namespace ksv {
 
 MenuModel MenuModel::standard() {
@@ -92,6 +94,12 @@ MenuModel MenuModel::standard() {
   item("M_Aide", "M_Example", txt::M_Example);
   item("M_Aide", "M_WebSite", txt::M_WebSite);
   item("M_Aide", "M_About", txt::M_About, true);
+
+  // The keys people expect; each twin of the other bar has the same key.
+  const std::pair<const char*, const char*> keys[] = {{"M_OPen", "Ctrl+O"}, {"M_OpenConsult", "Ctrl+O"},
+                                                       {"M_Print", "Ctrl+P"}, {"M_Exit", "Ctrl+Q"},
+                                                       {"M_ExitConsult", "Ctrl+Q"}};
+  for (const auto& [name, key] : keys) m.findMutable(QString::fromLatin1(name))->shortcut = QString::fromLatin1(key);
   return m;
 }
 

@@ -16,6 +16,7 @@ struct MenuEntry {
   QString name;    // M_...
   int text = 0;    // caption entry of the text table
   QString parent;  // empty for a menu of the bar
+  QString shortcut;  // key sequence in portable text, as "Ctrl+O"; empty for none
   bool separatorBefore = false;
   bool checkable = false;
   bool visible = true;

@@ -193,9 +193,8 @@ void ResourceLists::showValues() {
   // A resource outside the lists still shows as the booking's.
   if (choice_.resourceIndex() < 0 && !choice_.Resource.isEmpty()) Resource_->addItem(choice_.Resource);
   Resource_->setCurrentText(choice_.Resource);
-  const QString style = colourStyle(choice_.back(), choice_.fore());
-  Category_->setStyleSheet(style);
-  Resource_->setStyleSheet(style);
+  styleClosedList(*Category_, choice_.back(), choice_.fore());
+  styleClosedList(*Resource_, choice_.back(), choice_.fore());
 }
 
 }  // namespace ksv

@@ -1,5 +1,7 @@
 #include "booking_widgets.h"
 
+#include <QStyledItemDelegate>
+
 #include "board/screen_description.h"
 #include "board/ui/board_colors.h"
 #include "board/ui/calendar_view.h"
@@ -9,6 +11,16 @@ namespace ksv {
 
 QString colourStyle(Colour back, Colour fore) {
   return QStringLiteral("background: %1; color: %2;").arg(bgrColor(int(back)).name(), bgrColor(int(fore)).name());
+}
+
+void styleClosedList(QComboBox& list, Colour back, Colour fore) {
+  static const QString kOwnColours = QStringLiteral("EntriesInOwnColours");
+  if (list.itemDelegate()->objectName() != kOwnColours) {
+    auto* delegate = new QStyledItemDelegate(&list);
+    delegate->setObjectName(kOwnColours);
+    list.setItemDelegate(delegate);
+  }
+  list.setStyleSheet(QStringLiteral("QComboBox { %1 }").arg(colourStyle(back, fore)));
 }
 
 void fillCategoryList(QComboBox& list, const std::vector<CategoryItem>& items) {

@@ -22,6 +22,12 @@ QString colourStyle(Colour back, Colour fore);
 // Fills `list` with the entries, each in its own colours.
 void fillCategoryList(QComboBox& list, const std::vector<CategoryItem>& items);
 
+// Colours the closed box only. The box's own menu-like painting of the open
+// list takes its text colour from the box's style, so every entry would come
+// out in the chosen category's text colour: the list paints its entries as a
+// plain view instead, each in the colours of its item.
+void styleClosedList(QComboBox& list, Colour back, Colour fore);
+
 // A calendar over [lowest, highest] showing `value`, on a view in `parent`;
 // `picked` runs with the new date when a day is clicked.
 struct DateCalendar {

@@ -230,9 +230,8 @@ void ReservationCreerDialog::showLists() {
   resource_->clear();
   resource_->addItems(p_.resources);
   resource_->setCurrentIndex(p_.resourceIndex);
-  const QString style = colourStyle(p_.listBack, p_.listFore);
-  category_->setStyleSheet(style);
-  resource_->setStyleSheet(style);
+  styleClosedList(*category_, p_.listBack, p_.listFore);
+  styleClosedList(*resource_, p_.listBack, p_.listFore);
   showing_ = false;
 }
 

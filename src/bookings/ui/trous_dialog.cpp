@@ -108,7 +108,7 @@ TrousDialog::TrousDialog(TrousSearch& trous, const LoadedOptions& options, const
 
   connect(category_, &QComboBox::currentIndexChanged, this, [this, categories](int index) {
     if (showing_ || index < 0) return;
-    category_->setStyleSheet(colourStyle(categories[size_t(index)].back, categories[size_t(index)].fore));
+    styleClosedList(*category_, categories[size_t(index)].back, categories[size_t(index)].fore);
     trous_.setCategory(index - 1);
     showSearch();
   });
@@ -123,7 +123,7 @@ TrousDialog::TrousDialog(TrousSearch& trous, const LoadedOptions& options, const
 
   const int c = trous_.Category + 1;
   if (c >= 0 && c < int(categories.size()))
-    category_->setStyleSheet(colourStyle(categories[size_t(c)].back, categories[size_t(c)].fore));
+    styleClosedList(*category_, categories[size_t(c)].back, categories[size_t(c)].fore);
   showSearch();
 }
 

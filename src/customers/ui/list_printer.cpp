@@ -12,9 +12,9 @@
 
 namespace ksv {
 
-bool paintList(const PrintedList& list, QPagedPaintDevice& device) {
-  QPainter painter;
-  if (!painter.begin(&device)) return false;
+namespace {
+
+void paintOne(const PrintedList& list, QPainter& painter, QPagedPaintDevice& device) {
   const QRect page = painter.viewport();
   const int dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 96;
   const int margin = dpi / 2;
@@ -78,6 +78,19 @@ bool paintList(const PrintedList& list, QPagedPaintDevice& device) {
       painter.drawText(QRect(lefts[i], y, cellWidths[i], height), Qt::TextWordWrap | Qt::AlignLeft, row[i]);
     y += height + dpi / 20;
   }
+}
+
+}  // namespace
+
+bool paintList(const PrintedList& list, QPagedPaintDevice& device) { return paintLists({list}, device); }
+
+bool paintLists(const QList<PrintedList>& lists, QPagedPaintDevice& device) {
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  for (qsizetype i = 0; i < lists.size(); ++i) {
+    if (i > 0 && !device.newPage()) return false;
+    paintOne(lists[i], painter, device);
+  }
   return painter.end();
 }
 
@@ -90,12 +103,18 @@ bool printListToPdf(const PrintedList& list, const QString& path) {
 }
 
 void printList(const PrintedList& list, QWidget* parent, Messages& messages, const Texts& texts) {
+  printLists({list}, parent, messages, texts, txt::CustomerPrintFailed);
+}
+
+void printLists(const QList<PrintedList>& lists, QWidget* parent, Messages& messages, const Texts& texts,
+                int failedText) {
+  if (lists.isEmpty()) return;
   QPrinter printer(QPrinter::HighResolution);
   // The document name proposes the PDF file's name: a date's slashes would make folders of it.
-  printer.setDocName(QString(list.heading).replace(QLatin1Char('/'), QLatin1Char('-')));
+  printer.setDocName(QString(lists.front().heading).replace(QLatin1Char('/'), QLatin1Char('-')));
   QPrintDialog dialog(&printer, parent);
   if (dialog.exec() != QDialog::Accepted) return;
-  if (!paintList(list, printer)) messages.critical(texts.get(txt::CustomerPrintFailed));
+  if (!paintLists(lists, printer)) messages.critical(texts.get(failedText));
 }
 
 }  // namespace ksv
