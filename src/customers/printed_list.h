@@ -17,6 +17,8 @@ struct PrintedList {
   QList<int> widths;
   // Rows printed in bold as the heading of the rows below them.
   QList<int> headingRows;
+  // The rows in "Courier New", so that columns of figures line up.
+  bool fixedPitch = false;
 };
 
 }  // namespace ksv
