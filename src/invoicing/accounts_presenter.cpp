@@ -30,11 +30,12 @@ void AccountsPresenter::open(AccountUpdate::Mode mode) {
   AccountUpdate update(ctx_, current_, mode, add ? 0 : g.lines[g.row].rowid);
   showUpdate(update);
   if (!update.done) return;
-  const int was = g.row;
+  // After a delete the row that took its place is current: Dessin keeps the
+  // position within the list. Otherwise the row written, where the sort put it.
   Dessin(current_);
-  // The row written stays current; after a delete, the one that took its place.
-  g.row = mode == AccountUpdate::Mode::Delete ? std::min(was, static_cast<int>(g.lines.size()) - 1) : -1;
-  for (int i = 0; mode != AccountUpdate::Mode::Delete && i < g.lines.size(); ++i)
+  if (mode == AccountUpdate::Mode::Delete) return;
+  g.row = -1;
+  for (int i = 0; i < g.lines.size(); ++i)
     if (g.lines[i].rowid == update.rowid) g.row = i;
 }
 
