@@ -131,6 +131,13 @@ TEST_F(AccountsTest, DeletingAnAccountLeavesTheInvoicesAndTheNextRowIsCurrent) {
   accounts.CdModify_Click();
   EXPECT_EQ(accounts.lines(AccountCatalogue::Designation).value(0).cells.value(0), "Annex");
   EXPECT_EQ(accounts.currentRow(AccountCatalogue::Designation), 0);
+
+  // Deleting the last row makes the one above it current.
+  accounts.showUpdate = [](AccountUpdate& u) { u.OK_Click(); };
+  accounts.selectRow(AccountCatalogue::Designation, 1);
+  accounts.CdDelete_Click();
+  EXPECT_EQ(names("Designation"), QStringList{"Annex"});
+  EXPECT_EQ(accounts.currentRow(AccountCatalogue::Designation), 0);
 }
 
 TEST_F(AccountsTest, KindAndSumsTakeTheFirstCatalogueThatHoldsTheName) {
