@@ -37,6 +37,7 @@
 #include "core/texts.h"
 #include "core/ui/qt_messages.h"
 #include "customers/ui/customer_menus.h"
+#include "invoicing/ui/accounts_window.h"
 #include "main_window.h"
 #include "net/ui/pass_word_dialog.h"
 #include "qt_session_view.h"
@@ -218,6 +219,8 @@ int runPlanningWindow(QApplication& app, bool openExample, const QString& planni
       }};
   window.setHandler(QStringLiteral("M_Alarm"), [&worklist, &window] { showAlarm(worklist, &window); });
   window.setHandler(QStringLiteral("M_BookingHistory"), [&worklist, &window] { showHistorique(worklist, &window); });
+  const AccountsWindowContext accounts{session, ini, messages, texts, clock, regional};
+  window.setHandler(QStringLiteral("M_Taxes"), [&accounts, &window] { showAccounts(accounts, &window); });
   // The manual panels act as the presses do: a new booking on the first
   // resource on screen, the marked booking opened as by the right button.
   const BoardFrame& f = frame;

@@ -48,6 +48,7 @@ QList<PrintedList> printedBoard(SessionObjects& objects, QDate from, QDate to, c
   for (QDate week = from; week <= to; week = week.addDays(kWeek)) {
     const QDate end = std::min(week.addDays(kWeek - 1), to);
     PrintedList sheet;
+    sheet.ownPage = true;
     sheet.heading = texts.withName(txt::PrintBoardHeading, shortDateText(week, regional) + QStringLiteral(" - ") +
                                                                shortDateText(end, regional));
     sheet.titles << texts.get(txt::ResourceTitle);

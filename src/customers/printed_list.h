@@ -17,6 +17,10 @@ struct PrintedList {
   QList<int> widths;
   // Rows printed in bold as the heading of the rows below them.
   QList<int> headingRows;
+  // The rows in "Courier New", so that columns of figures line up.
+  bool fixedPitch = false;
+  // Starts on a new page when it follows another list (a sheet a week).
+  bool ownPage = false;
 };
 
 }  // namespace ksv

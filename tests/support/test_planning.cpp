@@ -59,6 +59,11 @@ void TestPlanning::addBlackList(const QString& nom, const QString& remark) {
 
 qint64 TestPlanning::addRow(const QString& table, const QVariantMap& values) { return insertRow(db_, table, values); }
 
+qint64 TestPlanning::addAccount(const QString& table, const QString& name, QVariantMap more) {
+  more.insert(table, name);
+  return insertRow(db_, table, more);
+}
+
 QString TestPlanning::stored(qint64 rowid, const QString& column) {
   Statement st = db_.prepare(QStringLiteral("SELECT \"%1\" FROM Reservation WHERE rowid = ?").arg(column));
   st.bind(0, rowid);

@@ -48,6 +48,8 @@ class TestPlanning {
   void addDayColor(QDate day, int color);
   void addBlackList(const QString& nom, const QString& remark);
   qint64 addRow(const QString& table, const QVariantMap& values);
+  // A row of the catalogue `table` (Designation, Modification or Payment) named `name`.
+  qint64 addAccount(const QString& table, const QString& name, QVariantMap more = {});
 
   // One column of a booking row, "<null>" for Null, "<gone>" for no row.
   QString stored(qint64 rowid, const QString& column);
