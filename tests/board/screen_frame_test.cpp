@@ -42,14 +42,6 @@ TEST(ReadScreen, DesignedScreensAreTheThreeSizes) {
   EXPECT_FALSE(isDesignedScreen(screenOf(768, 1024, 96)));
 }
 
-TEST(EcranTexts, ShowTheReading) {
-  const ScreenDescription s = screenOf(1024, 768, 96);
-  const EcranTexts en = ecranTexts(s, Texts(0));
-  EXPECT_EQ(en.resolution, "Resolution : 1024 x 768 pixels");
-  EXPECT_EQ(en.font, "Font : Small");
-  EXPECT_EQ(en.color, "Color : True colors (24 or 32 bits)");
-}
-
 TEST(ScreenFrameChoice, FirstRowThatHoldsInOrder) {
   EXPECT_EQ(screenFrameRow('L', 800), txt::FrameLargeUpTo800);
   EXPECT_EQ(screenFrameRow('S', 800), txt::FrameSmallUpTo800);

@@ -52,24 +52,6 @@ TEST_F(BoardGesturesTest, ADropOnTheGridMovesResourceAndDatesByWholeDays) {
   EXPECT_EQ(board_.Lab[std::size_t(label("Martin"))].rect.top, frame_.labelTop(2));
 }
 
-TEST_F(BoardGesturesTest, AShiftOfLessThanOneDayInEitherDirectionKeepsTheDates) {
-  rooms(3);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 10), "Martin");
-  open();
-  int dragX = pickUp("Martin");
-  gestures_->Form_DragDrop(dragX + 199, rowY(1));
-  EXPECT_EQ(where("Martin"), "Room 2 2025-03-07 2025-03-10");
-
-  // Truncation toward zero: 199 twips back is no day back either.
-  dragX = pickUp("Martin");
-  gestures_->Form_DragDrop(dragX - 199, rowY(0));
-  EXPECT_EQ(where("Martin"), "Room 1 2025-03-07 2025-03-10");
-
-  dragX = pickUp("Martin");
-  gestures_->Form_DragDrop(dragX - 200, rowY(0));
-  EXPECT_EQ(where("Martin"), "Room 1 2025-03-06 2025-03-09");
-}
-
 TEST_F(BoardGesturesTest, ADropLeftOfTheGridTakesTheRowAndMovesTheBookingBack) {
   rooms(3);
   planning_.addBooking("Room 1", QDate(2025, 3, 9), QDate(2025, 3, 11), "Martin");
@@ -111,34 +93,6 @@ TEST_F(BoardGesturesTest, TheDayAndMonthStripsCountForTheFirstRowAndTheScrollBar
   EXPECT_EQ(where("Strip"), "Room 6 2025-03-09 2025-03-10");
 }
 
-TEST_F(BoardGesturesTest, RowsAreClampedToTheGridAndToTheLastResource) {
-  rooms(2);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 8), "Clamp");
-  open();
-  // Past the last resource on a board of four rows: the last resource.
-  int dragX = pickUp("Clamp");
-  gestures_->Form_DragDrop(dragX, rowY(3));
-  EXPECT_EQ(where("Clamp"), "Room 2 2025-03-07 2025-03-08");
-  // Above the grid: the first row.
-  dragX = pickUp("Clamp");
-  gestures_->Form_DragDrop(dragX, 10);
-  EXPECT_EQ(where("Clamp"), "Room 1 2025-03-07 2025-03-08");
-  // Far below the board: the last resource again.
-  dragX = pickUp("Clamp");
-  gestures_->Form_DragDrop(dragX, 9000);
-  EXPECT_EQ(where("Clamp"), "Room 2 2025-03-07 2025-03-08");
-}
-
-TEST_F(BoardGesturesTest, WithMoreResourcesThanRowsTheLastRowShownTakesItsOwnResource) {
-  rooms(6);
-  planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 8), "Down");
-  open();
-  gestures_->Form_DragDrop(pickUp("Down"), rowY(3));
-  EXPECT_EQ(where("Down"), "Room 4 2025-03-07 2025-03-08");
-  gestures_->Form_DragDrop(pickUp("Down"), 9000);  // below the grid: still the last row shown
-  EXPECT_EQ(where("Down"), "Room 4 2025-03-07 2025-03-08");
-}
-
 TEST_F(BoardGesturesTest, LockedDatesAndSplitPartsMoveTheResourceAlone) {
   rooms(3);
   planning_.addBooking("Room 1", QDate(2025, 3, 7), QDate(2025, 3, 9), "Whole");
@@ -170,6 +124,40 @@ TEST_F(BoardGesturesTest, ADropOnALabelCountsFromThatLabelsCorner) {
                                  QDate(2025, 3, 8).addDays(shift).toString(Qt::ISODate));
   EXPECT_EQ(where("Target"), "Room 3 2025-03-10 2025-03-14");
 }
+
+// Where a drop lands: days counted toward zero from where the label was
+// taken, rows clamped to the grid and to the last resource.
+struct Drop {
+  int rooms;
+  const char* from;  // the resource Martin (7 to 10 March) stands on
+  int dx;            // twips right of where the label was taken
+  int row;           // the grid row dropped on, or -1 for y
+  int y;
+  const char* lands;
+};
+
+class DropLands : public BoardGesturesTest, public ::testing::WithParamInterface<Drop> {};
+
+TEST_P(DropLands, WhereTheTableSays) {
+  const Drop d = GetParam();
+  rooms(d.rooms);
+  planning_.addBooking(d.from, QDate(2025, 3, 7), QDate(2025, 3, 10), "Martin");
+  open();
+  const int dragX = pickUp("Martin");
+  gestures_->Form_DragDrop(dragX + d.dx, d.row >= 0 ? rowY(d.row) : d.y);
+  EXPECT_EQ(where("Martin"), d.lands);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Drops, DropLands,
+    ::testing::Values(Drop{3, "Room 1", 199, 1, 0, "Room 2 2025-03-07 2025-03-10"},
+                      Drop{3, "Room 2", -199, 0, 0, "Room 1 2025-03-07 2025-03-10"},
+                      Drop{3, "Room 1", -200, 0, 0, "Room 1 2025-03-06 2025-03-09"},
+                      Drop{2, "Room 1", 0, 3, 0, "Room 2 2025-03-07 2025-03-10"},   // past the last resource
+                      Drop{2, "Room 2", 0, -1, 10, "Room 1 2025-03-07 2025-03-10"},  // above the grid
+                      Drop{2, "Room 1", 0, -1, 9000, "Room 2 2025-03-07 2025-03-10"},
+                      Drop{6, "Room 1", 0, 3, 0, "Room 4 2025-03-07 2025-03-10"},    // the last row shown
+                      Drop{6, "Room 1", 0, -1, 9000, "Room 4 2025-03-07 2025-03-10"}));
 
 // ------------------------------------------------------------------ presses on labels
 

@@ -249,15 +249,6 @@ TEST_F(BookingRecordsTest, PendingNumberTurnsFinalOnEveryBookingOfTheInvoice) {
   EXPECT_EQ(plan.stored(b, "InvNb"), "<null>");
 }
 
-TEST_F(BookingRecordsTest, DeleteRemovesTheClickedRowOnly) {
-  plan.addBooking("101", day(5), day(8), "Keep");
-  plan.addBooking("101", day(10), day(12), "Gone");
-  openRecordsets();
-  click(1);
-  records_->Supprimer_Reservation();
-  EXPECT_EQ(plan.rows("Nom/Resource/Date_Deb/Date_Fin/Split/InvNb"), QStringList{"Keep/101/2024-07-05/2024-07-08/0/<null>"});
-}
-
 TEST_F(BookingRecordsTest, OnlyAGroupHeaderTakesTheBlankResource) {
   openRecordsets();
   fill("", day(10), day(12), "Choir");

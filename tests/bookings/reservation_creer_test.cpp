@@ -46,9 +46,11 @@ class CreerTest : public SpringBoard {
 
 TEST_F(CreerTest, FormLoadProposesAWeekOnThePressedResource) {
   plan.addBooking("102", march(12), march(14), "Taken");
+  options.BookingFore[0] = kWhite;
   ReservationCreerPresenter& p = open("103", march(11));
 
   EXPECT_EQ(p.NomBack, 65280u);
+  EXPECT_EQ(p.NomFore, kWhite);
   EXPECT_EQ(p.CalF, march(11));
   EXPECT_EQ(p.CalT, march(18));
   EXPECT_EQ(p.NB_Jour, 7);

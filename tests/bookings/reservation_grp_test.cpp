@@ -56,6 +56,16 @@ TEST_F(GroupDialogTest, LeavingANewGroupAtOnceAsksAndNoTakesItAway) {
   EXPECT_EQ(plan.stored(id, "GroupNb"), "2");
 }
 
+// A first activation the store refuses makes no group, and leaving asks nothing about one.
+TEST_F(GroupDialogTest, ARefusedFirstActivationMakesNoNewGroup) {
+  const qint64 id = plan.addBooking("101", jul(5), jul(9), "Durand");
+  plan.db().execute("CREATE TEMP TRIGGER refuse BEFORE UPDATE ON Reservation BEGIN SELECT RAISE(ABORT, 'no'); END");
+  ReservationGrpPresenter& g = open(id);
+  EXPECT_EQ(messages.shown().size(), 1u);
+  EXPECT_FALSE(g.groupNew());
+  EXPECT_EQ(headers(), 0);
+}
+
 TEST_F(GroupDialogTest, AfterAddingACandidateTheNewGroupStaysWithoutQuestion) {
   const qint64 id = plan.addBooking("101", jul(5), jul(9), "Durand");
   const qint64 other = plan.addBooking("102", jul(6), jul(8), "Petit");

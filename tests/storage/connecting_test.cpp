@@ -95,24 +95,6 @@ TEST_F(ConnectingTest, TheRosterListsTheConnectionForItsLifeOnly) {
   EXPECT_FALSE(rosterIsLive(path_));
 }
 
-TEST_F(ConnectingTest, WhatIsNotAPlanningIsRefusedByName) {
-  const QString other = folders_.document("hotel.db");
-  QFile::copy(path_, other);
-  ConnectResult r = Connecting(other, 'U', messages_, texts_);
-  EXPECT_FALSE(r);
-  EXPECT_EQ(r.failure, ConnectFailure::NotAPlanning);
-  EXPECT_EQ(messages_.last().text, "The file - " + other + " - is not a Planning");
-
-  const QString bare = folders_.document("bare.ksv");
-  { Database(bare, Database::OpenMode::Create).exec("CREATE TABLE Reservation (x); CREATE TABLE Resource (y)"); }
-  EXPECT_EQ(Connecting(bare, 'U').failure, ConnectFailure::NotAPlanning);
-
-  const QString junk = folders_.document("junk.ksv");
-  test::writeBytes(junk, QByteArray(8192, 'k'));
-  EXPECT_EQ(Connecting(junk, 'C').failure, ConnectFailure::NotAPlanning);
-  EXPECT_TRUE(liveConnections(junk).isEmpty());  // a refused file leaves nobody listed
-}
-
 TEST_F(ConnectingTest, AMissingFileIsAConnectionError) {
   texts_.setOffset(kFrenchOffset);
   ConnectResult r = Connecting(folders_.document("gone.ksv"), 'U', messages_, texts_);

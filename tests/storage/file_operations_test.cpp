@@ -101,16 +101,6 @@ TEST_F(FileOperations, ADamagedPlanningIsRebuiltFromWhatStillReads) {
   EXPECT_EQ(db.scalar("PRAGMA integrity_check").toString(), "ok");
 }
 
-TEST_F(FileOperations, AFileThatIsNoDatabaseIsLeftAlone) {
-  QFile f(path);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-  f.write(QByteArray(8192, 'x'));
-  f.close();
-  EXPECT_FALSE(Compact_Planning(path, false, messages, texts));
-  EXPECT_EQ(messages.texts(), QStringList{"The file - " + path + " - is not a Planning"});
-  EXPECT_EQ(QFileInfo(path).size(), 8192);
-}
-
 TEST_F(FileOperations, BackUpHoldsOnlyCommittedRowsWhileAnotherWorks) {
   Database other = open();
   booking(other, "Committed", QDate(2026, 1, 1), QDate(2026, 1, 2));

@@ -50,7 +50,7 @@ TEST_F(LockFileTest, ConsultationsAreCountedWhileTheirHoldersLive) {
   ASSERT_TRUE(RequestConnectMode(planning, 'C'));
   EXPECT_EQ(readLockFile(lockPathOf(planning))->consultations, 2);
   // A workstation that took a consultation and died counts no more.
-  EXPECT_EQ(test::inChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }), 0);
+  EXPECT_EQ(test::runChild([&] { return RequestConnectMode(planning, 'C') ? 0 : 1; }).exitCode, 0);
   ASSERT_TRUE(RequestConnectMode(planning, 'C'));
   EXPECT_EQ(readLockFile(lockPathOf(planning))->consultations, 3);
   for (int i = 0; i < 2; ++i) ReleaseConnectMode(planning, 'C');
@@ -62,7 +62,7 @@ TEST_F(LockFileTest, ConsultationsAreCountedWhileTheirHoldersLive) {
 TEST_F(LockFileTest, NormalModeIsForOneWorkstationAndShowsTheUsers) {
   ASSERT_TRUE(RequestConnectMode(planning, 'U'));
   int shown = 0;
-  const int code = test::inChild([&] { return RequestConnectMode(planning, 'U', [&](int e) { shown = e; }) ? 1 : (shown == 714 ? 0 : 2); });
+  const int code = test::runChild([&] { return RequestConnectMode(planning, 'U', [&](int e) { shown = e; }) ? 1 : (shown == 714 ? 0 : 2); }).exitCode;
   EXPECT_EQ(code, 0) << "the second normal-mode request must be refused with the roster message";
   EXPECT_TRUE(RequestConnectMode(planning, 'C'));  // consulting is still allowed
   ReleaseConnectMode(planning, 'U');

@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTextStream>
 
 #include "config/option_reader.h"
@@ -23,7 +22,7 @@
 #include "storage/roster.h"
 #include "storage/schema.h"
 #include "support/file_bytes.h"
-#include "support/processes.h"
+#include "support/other_process.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 
@@ -109,53 +108,6 @@ TEST_F(PlanningFile, TheOpenChecksComeInOrderAndRefuseWhatIsNoPlanningOfThisVers
   EXPECT_EQ(test::readBytes(empty).size(), 0);
 }
 
-// Damage: what check reports is what the repair then does, table by table,
-// and no row goes without being counted.
-// Not yet green: the check's report and the repair's differ on overwritten
-// pages, and a planning cut in half is not yet read by check.
-TEST_F(PlanningFile, DISABLED_CheckReportsTheRepairThatCompactionThenMakes) {
-  constexpr int kBookings = 3000;
-  enum Damage { PagesOverwritten, CutInHalf };
-  for (Damage damage : {PagesOverwritten, CutInHalf}) {
-    SCOPED_TRACE(damage);
-    const QString file = planning(damage == PagesOverwritten ? "Overwritten.ksv" : "Cut.ksv", kBookings);
-    const qint64 size = QFileInfo(file).size();
-    {
-      QFile f(file);
-      ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-      if (damage == PagesOverwritten) {
-        f.seek((size / 3 / 4096) * 4096);
-        f.write(QByteArray(3 * 4096, '\x5a'));
-      } else {
-        f.resize((size / 2 / 4096) * 4096);
-      }
-    }
-    EXPECT_EQ(run({"check", file}), kExitFailed);
-    const QStringList checked = outLines();
-    ASSERT_GE(checked.size(), 4) << out.toStdString();
-    EXPECT_TRUE(checked[2].startsWith("Integrity: damaged (")) << checked[2].toStdString();
-    EXPECT_EQ(checked[3], "A repair keeps what follows:");
-    const QStringList promised = checked.mid(4, checked.indexOf(QRegularExpression("^Lock file|^Consult")) - 4);
-
-    EXPECT_EQ(run({"compact", file}), kExitDone);
-    ASSERT_EQ(messages.shown().size(), 1u);
-    const QStringList told = messages.shown()[0].text.split("\r\n");
-    EXPECT_TRUE(told[0].startsWith("The planning was damaged: "));
-    EXPECT_EQ(told.mid(1), promised) << "the check foretold exactly what the repair reports";
-
-    // Every booking is kept or counted as lost.
-    Database db(file, Database::OpenMode::ReadOnly);
-    const int kept = db.scalar("SELECT count(*) FROM Reservation").toInt();
-    int lost = 0;
-    for (const QString& line : told)
-      if (line.startsWith("Table Reservation: ")) lost = line.section(", ", 1).section(' ', 0, 0).toInt();
-    EXPECT_EQ(kept + lost, kBookings);
-    EXPECT_EQ(run({"check", file}), kExitDone);
-    EXPECT_TRUE(QFile::exists(folders.document(damage == PagesOverwritten ? "Overwritten~BeforeRepair.ksv"
-                                                                          : "Cut~BeforeRepair.ksv")));
-  }
-}
-
 TEST_F(PlanningFile, CompactionKeepsModeOwnerAndGroup) {
   const QString file = planning("Hotel.ksv", 10);
   const bool root = ::geteuid() == 0;
@@ -175,27 +127,15 @@ TEST_F(PlanningFile, CompactionKeepsModeOwnerAndGroup) {
 // as it holds it, and only a dead holder's flag is stale.
 TEST_F(PlanningFile, TheExclusiveHolderIsListedAndItsLockIsNeverTakenForStale) {
   const QString file = planning("Hotel.ksv");
-  int fds[2];
-  ASSERT_EQ(::pipe(fds), 0);
-  const pid_t holder = ::fork();
-  if (holder == 0) {
-    ::close(fds[0]);
-    const char ok = RequestConnectMode(file, 'E') ? '1' : '0';
-    (void)!::write(fds[1], &ok, 1);
-    for (;;) ::pause();
-  }
-  ::close(fds[1]);
-  char ok = '0';
-  ASSERT_EQ(::read(fds[0], &ok, 1), 1);
-  ASSERT_EQ(ok, '1');
+  test::OtherProcess holder([&] { return RequestConnectMode(file, 'E'); });
+  ASSERT_TRUE(holder.ready());
   EXPECT_EQ(liveConnections(file).size(), 1);
   deleteStaleLock(file);
   EXPECT_TRUE(QFile::exists(lockPathOf(file)));
   EXPECT_EQ(requestLock(file, 'E'), LockAnswer::InUse);
   EXPECT_EQ(run({"compact", file}), kExitInUse);
 
-  ::kill(holder, SIGKILL);
-  ::waitpid(holder, nullptr, 0);
+  holder.stop();
   EXPECT_EQ(requestLock(file, 'E'), LockAnswer::Granted) << "its holder died: the flag is stale";
   ReleaseConnectMode(file, 'E');
   EXPECT_FALSE(QFile::exists(lockPathOf(file)));

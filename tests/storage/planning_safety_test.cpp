@@ -22,7 +22,7 @@
 #include "storage/lock_file.h"
 #include "storage/planning_file.h"
 #include "storage/schema.h"
-#include "support/processes.h"
+#include "support/other_process.h"
 #include "support/scripted_messages.h"
 #include "support/temp_folders.h"
 
@@ -168,28 +168,6 @@ TEST_F(PlanningSafety, AWorkstationOpeningDuringACompactionKeepsWhatItWrites) {
     if (HasFailure()) break;
   }
   report("compact/session open", rounds, refused);
-}
-
-TEST_F(PlanningSafety, TwoBackupsAtOnceAreBothWholePlannings) {
-  const int rounds = test::raceRounds(3);
-  const QString a = folders.document("Hotel_A.ksv"), b = folders.document("Hotel_B.ksv");
-  for (int r = 0; r < rounds; ++r) {
-    SCOPED_TRACE(r);
-    QFile::remove(a);
-    QFile::remove(b);
-    const auto ends =
-        test::runTogether({[&] { return cli({"backup", path, a}); }, [&] { return cli({"backup", path, b}); }});
-    EXPECT_EQ(ends[0].exitCode, kExitDone);
-    EXPECT_EQ(ends[1].exitCode, kExitDone);
-    const mode_t fresh = test::freshFileMode();
-    expectWhole(a, names(true), fresh);
-    expectWhole(b, names(true), fresh);
-    expectWhole(path, names(true));
-    EXPECT_EQ(debris({"Hotel.ksv", "Hotel_A.ksv", "Hotel_B.ksv"}), QStringList());
-    EXPECT_FALSE(QFile::exists(folders.paths().tempPlanning()));
-    if (HasFailure()) break;
-  }
-  report("backup/backup", rounds, 0);
 }
 
 // ---------------------------------------------------------------- kills

@@ -36,6 +36,8 @@ TEST_F(QueryTranslator, DeclaredThenUndeclaredParametersInOrder) {
   EXPECT_FALSE(q.parameters[32].declared);
   EXPECT_EQ(q.parameters[41].name, "R40");
   EXPECT_TRUE(q.returnsRows);
+  // An alias is no parameter, in the column list or in the order.
+  EXPECT_EQ(translateQuery("SELECT Nom AS Who FROM Reservation ORDER BY Who").positionalCount, 0);
 }
 
 TEST_F(QueryTranslator, UnknownNamesInAConditionAreParameters) {

@@ -130,11 +130,6 @@ TEST_F(SqliteDbTest, ReadOnlyRefusesWritesAndMissingFilesAreNotCreated) {
   EXPECT_FALSE(QFile::exists(file("missing.db")));
 }
 
-TEST_F(SqliteDbTest, AFileThatIsNotADatabaseFailsAtOpen) {
-  ksv::test::writeBytes(file("junk.ksv"), QByteArray(4096, 'x'));
-  EXPECT_THROW(Database(file("junk.ksv"), Database::OpenMode::ReadWrite), StorageError);
-}
-
 TEST_F(SqliteDbTest, SecondConnectionWaitsForWriterInsteadOfFailing) {
   Database a(file("a.db"), Database::OpenMode::Create);
   a.exec("CREATE TABLE t (x INTEGER)");

@@ -17,6 +17,8 @@ TestPlanning::TestPlanning(QDate today) : clock_(today), texts_(0) {
     throw std::runtime_error("the test planning could not be made");
   }
   db_.open(file_, Database::OpenMode::ReadWrite);
+  // Rows added one by one need not wait for the disk: nothing here outlives the test.
+  db_.exec(QStringLiteral("PRAGMA synchronous = OFF"));
   const QueryCatalogue catalogue(db_, clock_);
   objects_.RQ_Reservation = catalogue.command(QStringLiteral("RQ_Reservation"));
   objects_.RQ_Free = catalogue.command(QStringLiteral("RQ_Free"));
