@@ -59,6 +59,24 @@ void TestPlanning::addBlackList(const QString& nom, const QString& remark) {
 
 qint64 TestPlanning::addRow(const QString& table, const QVariantMap& values) { return insertRow(db_, table, values); }
 
+void TestPlanning::addService(const QString& name, double unitPrice) {
+  insertRow(db_, QStringLiteral("Designation"), {{"Designation", name}, {"UnitPrice", unitPrice}});
+}
+
+void TestPlanning::addModifier(const QString& name, double fixed, double rate, bool included, bool addUp,
+                               bool printed) {
+  insertRow(db_, QStringLiteral("Modification"),
+            {{"Modification", name}, {"Fixed", fixed}, {"Rate", rate}, {"Included", included}, {"AddUp", addUp},
+             {"Printed", printed}});
+}
+
+void TestPlanning::addPayment(const QString& name) { insertRow(db_, QStringLiteral("Payment"), {{"Payment", name}}); }
+
+void TestPlanning::addPostedInvoice(qint64 number, QDate from, const QString& lib) {
+  insertRow(db_, QStringLiteral("Invoice"),
+            {{"InvoiceNb", number}, {"Typ", "0"}, {"Lib", lib}, {"From", from}, {"AddUp", "Y"}, {"Printed", "N"}});
+}
+
 QString TestPlanning::stored(qint64 rowid, const QString& column) {
   Statement st = db_.prepare(QStringLiteral("SELECT \"%1\" FROM Reservation WHERE rowid = ?").arg(column));
   st.bind(0, rowid);
