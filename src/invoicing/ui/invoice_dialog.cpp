@@ -112,6 +112,15 @@ InvoiceDialog::InvoiceDialog(Messages& messages, const Texts& texts, const Regio
     booking->addWidget(edit, 1, col++);
     edit->installEventFilter(this);
   }
+  ResourceS_ = readOnlyLine(frBooking);
+  DtFromS_ = readOnlyLine(frBooking);
+  DtToS_ = readOnlyLine(frBooking);
+  DaysS_ = readOnlyLine(frBooking);
+  col = 0;
+  for (QLineEdit* edit : {ResourceS_, DtFromS_, DtToS_, DaysS_}) {
+    booking->addWidget(edit, 2, col++);
+    edit->installEventFilter(this);
+  }
   booking->setColumnStretch(4, 1);
   root->addWidget(frBooking);
 
@@ -291,6 +300,11 @@ void InvoiceDialog::showHandOver() {
   Days_->setText(presenter_.Days);
   Resource_->setText(presenter_.Resource);
   Remark_->setText(presenter_.Remark);
+  ResourceS_->setText(presenter_.ResourceS);
+  DtFromS_->setText(presenter_.DtFromS);
+  DtToS_->setText(presenter_.DtToS);
+  DaysS_->setText(presenter_.DaysS);
+  for (QLineEdit* edit : {ResourceS_, DtFromS_, DtToS_, DaysS_}) edit->setVisible(presenter_.splitShown);
 }
 
 QLineEdit* InvoiceDialog::lineOf(InvField f) const { return qobject_cast<QLineEdit*>(fieldWidget(f)); }
@@ -401,6 +415,10 @@ bool InvoiceDialog::eventFilter(QObject* watched, QEvent* event) {
     else if (watched == DtTo_) presenter_.doubleClick(D::DtTo);
     else if (watched == Days_) presenter_.doubleClick(D::Days);
     else if (watched == Resource_) presenter_.doubleClick(D::Resource);
+    else if (watched == DtFromS_) presenter_.doubleClick(D::DtFromS);
+    else if (watched == DtToS_) presenter_.doubleClick(D::DtToS);
+    else if (watched == DaysS_) presenter_.doubleClick(D::DaysS);
+    else if (watched == ResourceS_) presenter_.doubleClick(D::ResourceS);
     else if (const int i = fieldIndex(watched); i >= 0) {
       if (const auto d = doubleClickOf(static_cast<InvField>(i))) presenter_.doubleClick(*d);
       else return QDialog::eventFilter(watched, event);

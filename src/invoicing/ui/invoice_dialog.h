@@ -59,6 +59,8 @@ class InvoiceDialog final : public QDialog, public InvoiceView {
   std::array<QGroupBox*, 3> zones_{};
   QLineEdit *InvNb_ = nullptr, *Nom_ = nullptr;
   QLineEdit *DtFrom_ = nullptr, *DtTo_ = nullptr, *Days_ = nullptr, *Resource_ = nullptr, *Remark_ = nullptr;
+  // The second part of a split booking, shown only for one.
+  QLineEdit *DtFromS_ = nullptr, *DtToS_ = nullptr, *DaysS_ = nullptr, *ResourceS_ = nullptr;
   bool filling_ = false;  // the grid is being filled: its selection changes are not the user's
 };
 

@@ -1,5 +1,8 @@
 #include "invoice_menus.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 #include "config/ini_file.h"
 #include "config/option_reader.h"
 #include "core/clock.h"
@@ -22,7 +25,9 @@ void showCashSale(PlanningSession& session, IniFile& ini, Messages& messages, co
   InvoicePresenter& invoice = dialog.presenter();
   invoice.prepareCashSale();
   dialog.showHandOver();
-  invoice.Form_Load(display, 10);
+  // Ten lines fit on a large screen, nine on a small one.
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  invoice.Form_Load(display, screen && screen->size().height() < 768 ? 9 : 10);
   dialog.exec();
 }
 
