@@ -16,8 +16,7 @@ Currency cellAmountOrZero(const QString& text, const Regional& regional) {
 }
 
 QString decimalText(Currency value, short nbDecimal, const Regional& regional) {
-  const int places = nbDecimal < 0 ? 0 : (nbDecimal > 4 ? 4 : nbDecimal);
-  return formatNumber(value.rounded(places), amountFormat(nbDecimal), regional);
+  return formatNumber(value.rounded(nbDecimal), amountFormat(nbDecimal), regional);
 }
 
 QString totalText(float value, const AmountDisplay& display, const Regional& regional, bool& showDecimals,

@@ -218,7 +218,7 @@ void InvoicePresenter::doubleClick(InvDoubleClick source) {
       QString& d = ref(InvField::Designation);
       const int open = d.indexOf(QLatin1Char('['));
       const int close = open < 0 ? -1 : d.indexOf(QLatin1Char(']'), open + 1);
-      if (close > open && open >= 0) d.replace(open + 1, close - open - 1, resource);
+      if (close > open) d.replace(open + 1, close - open - 1, resource);
       else d += QStringLiteral(" [") + resource + QLatin1Char(']');
       ActivateServices();
       break;

@@ -151,6 +151,11 @@ TEST_F(InvoiceLinesTest, FieldsKeepTheirLastGoodText) {
 
   p->chooserTyped(InvField::Payment);
   EXPECT_EQ(messages.texts(), QStringList({"You cannot modify an account"}));
+
+  EXPECT_FALSE(grid().Modified);
+  p->CdClearInput();
+  EXPECT_EQ(p->field(InvField::Debut), "");
+  EXPECT_TRUE(grid().Modified);  // though the grid is untouched
 }
 
 TEST_F(InvoiceLinesTest, VoidingAPaymentRestoresTheBalanceAndTotalsCannotBeVoided) {
@@ -250,6 +255,7 @@ TEST_F(InvoiceLinesTest, InsertAndModifyReplaceTheCurrentLineAndPagesFlip) {
   p->setCurrentRow(3);
   p->fieldEntered(InvField::Paid);
   p->Payment_Click("Cash");
+  EXPECT_EQ(view.focused, InvField::Paid);
   p->fieldChanged(InvField::Paid, "40");
   messages.answer(MsgAnswer::Yes);
   p->CdInsert();
@@ -259,9 +265,12 @@ TEST_F(InvoiceLinesTest, InsertAndModifyReplaceTheCurrentLineAndPagesFlip) {
   EXPECT_EQ(grid().TopRow, 0);
   messages.answer(MsgAnswer::Yes);
   p->setCurrentRow(4);
+  p->fieldChanged(InvField::Paid, "40.5");
   p->CdModify();  // the service becomes a payment
-  EXPECT_EQ(cells(4, {0, 7}), QStringList({"Cash", "3"}));
-  EXPECT_EQ(grid().txtTotal, "855");
+  // The new line alone takes decimals: modifying doesn't reformat the others.
+  EXPECT_EQ(cells(4, {0, 5, 7}), QStringList({"Cash", "-40.50", "3"}));
+  EXPECT_EQ(cells(5, {5}), QStringList({"85"}));
+  EXPECT_EQ(grid().txtTotal, "854.50");
   EXPECT_TRUE(messages.allAnswersUsed());
 }
 
