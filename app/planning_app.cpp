@@ -38,6 +38,7 @@
 #include "core/ui/qt_messages.h"
 #include "customers/ui/customer_menus.h"
 #include "invoicing/ui/accounts_window.h"
+#include "invoicing/ui/invoice_menus.h"
 #include "main_window.h"
 #include "net/ui/pass_word_dialog.h"
 #include "qt_session_view.h"
@@ -89,6 +90,7 @@ void wireMenus(MainWindow& w, PlanningSession& s, IniFile& ini, QtSessionView& v
   on("M_CustomerList", [&w, customers] { showCustomerList(customers, kRQ_Customer, &w); });
   on("M_AgentList", [&w, customers] { showCustomerList(customers, kRQ_Agent, &w); });
   on("M_BlackList", [&w, customers] { showBlackList(customers, &w); });
+  on("M_CashSale", [&] { showCashSale(s, ini, messages, texts, clock, &w); });
   on("M_Trous", [&] {
     if (!s.IsOpen) return;
     Availability availability(s.connection()->db(), clock);

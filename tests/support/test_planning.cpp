@@ -66,6 +66,23 @@ qint64 TestPlanning::addAccount(const QString& table, const QString& name, QVari
   return insertRow(db_, table, more);
 }
 
+void TestPlanning::addService(const QString& name, double unitPrice) {
+  addAccount(QStringLiteral("Designation"), name, {{"UnitPrice", unitPrice}});
+}
+
+void TestPlanning::addModifier(const QString& name, double fixed, double rate, bool included, bool addUp,
+                               bool printed) {
+  addAccount(QStringLiteral("Modification"), name,
+             {{"Fixed", fixed}, {"Rate", rate}, {"Included", included}, {"AddUp", addUp}, {"Printed", printed}});
+}
+
+void TestPlanning::addPayment(const QString& name) { addAccount(QStringLiteral("Payment"), name); }
+
+void TestPlanning::addPostedInvoice(qint64 number, QDate from, const QString& lib) {
+  insertRow(db_, QStringLiteral("Invoice"),
+            {{"InvoiceNb", number}, {"Typ", "0"}, {"Lib", lib}, {"From", from}, {"AddUp", "Y"}, {"Printed", "N"}});
+}
+
 QString TestPlanning::stored(qint64 rowid, const QString& column) {
   Statement st = db_.prepare(QStringLiteral("SELECT \"%1\" FROM Reservation WHERE rowid = ?").arg(column));
   st.bind(0, rowid);

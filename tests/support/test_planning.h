@@ -50,6 +50,12 @@ class TestPlanning {
   qint64 addRow(const QString& table, const QVariantMap& values);
   // A row of the catalogue `table` (Designation, Modification or Payment) named `name`.
   qint64 addAccount(const QString& table, const QString& name, QVariantMap more = {});
+  // Accounts of the invoice catalogues, their sums left at 0.
+  void addService(const QString& name, double unitPrice);
+  void addModifier(const QString& name, double fixed, double rate, bool included, bool addUp, bool printed = true);
+  void addPayment(const QString& name);
+  // The head row of a posted invoice dated `from`.
+  void addPostedInvoice(qint64 number, QDate from, const QString& lib = QStringLiteral("Cash sale"));
 
   // One column of a booking row, "<null>" for Null, "<gone>" for no row.
   QString stored(qint64 rowid, const QString& column);
